@@ -1,0 +1,12 @@
+// The files that the program carries in itself.
+#pragma once
+
+#include <span>
+
+#include "stage/picture.h"
+
+namespace korvane {
+
+std::span<const stage::Asset> Assets();
+
+}  // namespace korvane

@@ -1,0 +1,22 @@
+#ifndef KORVANE_SONS_EFFECTS_H_
+#define KORVANE_SONS_EFFECTS_H_
+
+#include <span>
+#include <string_view>
+
+#include "wave.h"
+
+namespace sons {
+
+struct Effect {
+  std::string_view file;
+  double peak_db;  // decibels below full scale
+  Wave (*recipe)();
+};
+
+// Every sound of the game. They share one pentatonic scale, so any two may overlap without grating.
+std::span<const Effect> Effects();
+
+}  // namespace sons
+
+#endif  // KORVANE_SONS_EFFECTS_H_

@@ -1,0 +1,30 @@
+// The ball's step is measured once per run against the real rate of the timers: the ball of the first launch
+// runs straight up, and the time that it takes rescales the step.
+#include "core/game.h"
+#include "screens/config.h"
+
+namespace korvane {
+
+void game::timerDefine_Timer() {
+  constexpr Double kCentesimosCertos = 25;  // hundredths of a second that the measured way should take
+  try {
+    Integer& Vkorv = Module1.Vkorv;
+    const auto marca = Single(Height / 4);
+    const Double subida = Double(TopoInicial) - ball.Top;
+    if (subida >= marca) {
+      timerDefine.Enabled = false;
+      const auto agora = Single(Double(Palco.Timer()) * 100);
+      const auto tempo = Single(Double(agora) - TempoInicial);
+      Vkorv = CInt(Single(Vkorv) * (tempo / Single(kCentesimosCertos)));
+      VelY = -Vkorv;
+      GravaIni("SETUP", "Vkorv", std::to_string(Vkorv), Module1.AppPath + "\\config.ini");
+    } else {
+      VelX = 0;
+      VelY = -Vkorv;
+    }
+  } catch (const RuntimeError&) {
+    timerDefine.Enabled = false;
+  }
+}
+
+}  // namespace korvane

@@ -1,0 +1,85 @@
+// The one place where a bonus takes effect, wherever it came from.
+#include "core/game.h"
+
+namespace korvane {
+
+void game::consedebonus(Integer& nbonus) {
+  switch (nbonus) {
+    case 1:
+    case 2:
+      return TrocaBola(nbonus);
+    case 3:
+      return PerdeVida();
+    case 4:
+      sound("mais.wav");
+      if (TamanhoUser < 3) MudaTamanho(TamanhoUser + 1);
+      return;
+    case 5:
+      sound("menos.wav");
+      if (TamanhoUser > 1) MudaTamanho(TamanhoUser - 1);
+      return;
+    case 6:
+      sound("cola.wav");
+      Magnetico = true;
+      return;
+    case 7:
+      return GanhaFase();
+    case 8:
+      sound("mais1.wav");
+      Vidas = Vidas + 1;
+      return ExibeVidas(Vidas);
+    default:
+      return;
+  }
+}
+
+void game::TrocaBola(Integer codigo) {
+  sound("ball.wav");
+  Module1.BolaAtual = codigo;
+  ball.Picture = Imageball(codigo).Picture;
+  ExibeBolaAtual();
+}
+
+void game::PerdeVida() {
+  ball.Visible = false;
+  Vidas = Vidas - 1;
+  sound("end.wav");
+  User.Width = Single(LarguraBase);
+  Image1.Width = Single(LarguraBase);
+  TamanhoUser = 2;
+  ball.Picture = Imageball(0).Picture;
+  Module1.BolaAtual = 0;
+  BonusCaindo = -1;
+  Magnetico = false;
+  ExibeBolaAtual();
+  ExibeVidas(Vidas);
+  if (Vidas < 1) return gameover();
+  ball.Top = User.Top;
+  ball.Left = Single(ball.Width / 2 + User.Left);
+  BolaPresa = true;
+  VelX = 0;
+  VelY = -Module1.Vkorv;
+  ball.Visible = true;
+  if (TemRigido) passafase();
+}
+
+/// The paddle grows and shrinks to the right; its Left stays.
+void game::MudaTamanho(Integer tamanho) {
+  constexpr Double kPequeno = 0.7;
+  TamanhoUser = tamanho;
+  if (tamanho == 1) User.Width = Single(LarguraBase * kPequeno);
+  if (tamanho == 2) User.Width = Single(LarguraBase);
+  if (tamanho == 3) User.Width = Single(Integer(LarguraBase * 2));
+  Image1.Width = User.Width;
+}
+
+void game::GanhaFase() {
+  sound("mais1.wav");
+  for (Integer i = 1; i < ProximoBox; i = i + 1) {
+    if (Box(i).Visible) Module1.Pontos = Module1.Pontos + 5;
+  }
+  LabelPontos.Caption = std::to_string(Module1.Pontos);
+  ProximaFase();
+}
+
+}  // namespace korvane

@@ -1,0 +1,61 @@
+// What all forms share, from the start of the program to its end.
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "stage/scalars.h"
+
+namespace korvane {
+
+using stage::CInt;
+using stage::CLng;
+using stage::Double;
+using stage::Flag;
+using stage::Int;
+using stage::Integer;
+using stage::Long;
+using stage::ResumeNext;
+using stage::RuntimeError;
+using stage::Single;
+using stage::Val;
+
+/// Values with indexes from 0; one outside raises RuntimeError.
+template <class Value, int Count>
+class Vetor {
+ public:
+  static constexpr int kCount = Count;
+
+  Value& operator()(Integer i) {
+    if (i < 0 || i >= Count) throw RuntimeError("index out of bounds");
+    return values_[static_cast<std::size_t>(int(i))];
+  }
+
+ private:
+  std::array<Value, Count> values_{};
+};
+
+struct Module1 {
+  /// Type of each block by its index in Box: 0 gone, 20 hard, 21 unseen, 100 the carrier of the parked bonus.
+  Vetor<Integer, 600> TipoBox;
+  /// The program's folder, without a backslash at its end.
+  std::string AppPath;
+  /// The first launch by a click on the field has happened in this run.
+  Flag Iniciado;
+  /// Size of the ball's vertical step, form units.
+  Integer Vkorv;
+  /// 0 normal, 1 through blocks, 2 through everything.
+  Integer BolaAtual;
+  Long Pontos;
+  /// The name typed for a new record; empty for none.
+  std::string NomeRecord;
+  /// The table of records, rows 1 to 10, best first.
+  Vetor<std::string, 11> RecNome;
+  Vetor<Double, 11> RecPontos;
+  /// The records file could not be read to its end; it is kept aside before it is first written over.
+  Flag RecDanificado;
+  /// The row of the record just made; 0 for none.
+  Integer RecNovo;
+};
+
+}  // namespace korvane

@@ -1,0 +1,90 @@
+// The play form comes up: everything placed for the screen at hand, the first level, the speed, the help
+// screen.
+#include "core/game.h"
+#include "records/store.h"
+#include "screens/FrmHelp.h"
+#include "screens/config.h"
+#include "screens/pointer.h"
+
+namespace korvane {
+
+void game::Form_Load() {
+  std::string& AppPath = Module1.AppPath;
+  ResumeNext([&] { AppPath = Palco.AppPath(); },
+             [&] {
+               if (AppPath.ends_with('\\')) AppPath.pop_back();
+             },
+             [&] { Getrecords(Module1); }, [&] { paused = false; }, [&] { Vidas = 3; },
+             [&] { FaseAtual = 1; }, [&] { Module1.BolaAtual = 0; }, [&] { BonusCaindo = -1; },
+             [&] { Magnetico = false; }, [&] { ball.Picture = Imageball(Module1.BolaAtual).Picture; },
+             [&] { Caminho = Palco.AppPath(); }, [&] { EscondeCursor(Palco); }, [&] { BolaPresa = true; },
+             [&] { Top = 0; }, [&] { Left = 0; }, [&] { Width = Palco.Screen.Width; },
+             [&] { Height = Palco.Screen.Height; });
+  DispoeBarra();
+  DispoeVidas();
+  DispoeRotulos();
+  DimensionaUser();
+  ResumeNext([&] { Serie = 0; }, [&] { ProximoBox = 1; }, [&] { loadup(1); });
+  LeVelocidade();
+  ResumeNext([&] { programa.game.Show(); }, [&] { paused = true; },
+             [&] { programa.FrmHelp.Show(stage::kModal); }, [&] { paused = false; },
+             [&] { Timer_Move.Enabled = true; });
+}
+
+void game::DispoeBarra() {
+  statusbar.Left = 0;
+  statusbar.Width = Single(Width);
+  statusbar.Top = Single(ScaleHeight() - Double(ScaleHeight()) / 11);
+}
+
+void game::DispoeVidas() {
+  life(1).Top = Single(statusbar.Top + statusbar.Height + 120);
+  life(1).Left = 100;
+  for (Integer i = 2; i <= 5; i = i + 1) {
+    ResumeNext([&] { life.Load(i); }, [&] { life(i).ZOrder(0); }, [&] { life(i).Top = life(1).Top; },
+               [&] { life(i).Left = Single(life(i - 1).Left + life(i - 1).Width + 100); },
+               [&] { life(i).Width = User.Width; }, [&] { life(i).Height = User.Height; },
+               [&] { life(i).Picture = life(1).Picture; });
+  }
+  ExibeVidas(Vidas);
+}
+
+void game::DispoeRotulos() {
+  LabelPontos.Top = Single(statusbar.Top + statusbar.Height + 40);
+  Label2.Top = LabelPontos.Top;
+  LabelPontos.Left = Single(Width - (LabelPontos.Width + 100));
+  Label2.Left = Single(LabelPontos.Left - Label2.Width);
+  for (Integer i = 0; i <= 2; i = i + 1) {
+    Imageball(i).Top = Single(Label2.Height / 2 + Label2.Top);
+    Imageball(i).Left = Single(Label2.Left - 450);
+  }
+  ExibeBolaAtual();
+}
+
+void game::DimensionaUser() {
+  ResumeNext([&] { User.Height = Single(Redimensionar("height", CInt(User.Height))); },
+             [&] { User.Width = Single(Redimensionar("width", CInt(User.Width))); },
+             [&] { LarguraBase = CInt(User.Width); }, [&] { Image1.Height = User.Height; },
+             [&] { Image1.Width = User.Width; }, [&] { TamanhoUser = 2; },
+             [&] { Box(0).Height = Single(Redimensionar("height", CInt(Box(0).Height))); },
+             [&] { Box(0).Width = Single(Redimensionar("width", CInt(Box(0).Width))); },
+             [&] { User.Left = Single(Width / 2 - User.Width / 2); },
+             [&] { User.Top = Single(statusbar.Top - (User.Height + User.Height)); });
+}
+
+void game::LeVelocidade() {
+  constexpr int kVelocidadeNormal = 300;
+  Integer& Vkorv = Module1.Vkorv;
+  ResumeNext([&] { Vkorv = CInt(Val(LeIni("SETUP", "Vkorv", Module1.AppPath + "\\config.ini"))); },
+             [&] {
+               if (Vkorv == 0) Vkorv = kVelocidadeNormal;
+             },
+             [&] { VelX = 0; }, [&] { VelY = -Vkorv; });
+}
+
+void game::Form_Unload() {
+  MostraCursor(Palco);
+  Timer_Move.Enabled = false;
+}
+
+}  // namespace korvane

@@ -1,0 +1,207 @@
+// The play form: owner of the field, of all its controls and timers, and of all procedures of play.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/programa.h"
+#include "stage/control_array.h"
+
+namespace korvane {
+
+/// The weights of a draw of bonuses.
+struct Sorteio;
+
+/// Controls on the form are placed in form units, 0.99375 twips across and 0.9 twips down; the screen and the
+/// form itself are in twips. The procedures mix the two by number.
+class game : public stage::Form {
+ public:
+  explicit game(Programa& dono);
+
+  Programa& programa;
+  stage::Stage& Palco;
+  korvane::Module1& Module1;
+
+  // Controls, from the lowest layer up.
+
+  stage::ControlArray<stage::Image> Box;
+  stage::Image ball;
+  stage::ControlArray<stage::Image> Imageball;
+  stage::ControlArray<stage::Image> ImagePedra;
+  stage::Image Imgbonus;
+  stage::Image statusbar;
+  stage::Label LabelPontos;
+  stage::ControlArray<stage::Image> ImagePower;
+  stage::ControlArray<stage::Image> life;
+  stage::Label Label2;
+  stage::ControlArray<stage::Image> ImageBonusParado;
+  stage::PictureBox User;
+  stage::Image Image1;
+
+  stage::Timer Timer_Move;
+  stage::Timer Timer_Move2;
+  stage::Timer TimerPisca;
+  stage::Timer TimerBonusParado;
+  stage::Timer timerDefine;
+  stage::Timer TimerDescebonus;
+  stage::Timer Timer2;
+
+  // State.
+
+  /// Play is suspended: the ball and the bonus timers do nothing.
+  Flag paused;
+  /// The ball's step, form units to the right and down.
+  Double VelX = 0;
+  Double VelY = 0;
+  Integer Vidas;
+  /// The ball rests on the paddle and waits for the launch.
+  Flag BolaPresa;
+  std::string Caminho;
+  Integer FaseAtual;
+  /// 0 to 3, shown as A to D.
+  Integer Serie;
+  /// Index of the element that carries the parked bonus, one above the last block.
+  Integer ProximoBox;
+  /// Code of the falling bonus, -1 for none.
+  Integer BonusCaindo;
+  /// Code of the parked bonus, 0 for none.
+  Integer BonusParado;
+  Flag Magnetico;
+  /// Normal width of the paddle.
+  Integer LarguraBase;
+  /// 1 small, 2 normal, 3 large.
+  Integer TamanhoUser;
+  /// Block type that blinks in this level, 0 for none.
+  Integer TipoPisca;
+  /// Bonus barred in this level, 0 for none, 10 for all.
+  Integer BonusExcluido;
+  Flag TemRigido;
+  Long TopoInicial;
+  /// Hundredths of a second since midnight.
+  Single TempoInicial = 0;
+  Integer BatidasRigido;
+  /// The held ball's Left minus the paddle's, 0 for the centre.
+  Single DeslocaBola = 0;
+  Flag EstadoPisca;
+  /// Counts the levels taken off the field, so that a procedure that gives way can tell that its level is
+  /// gone.
+  Long FasesRetiradas;
+  /// A level has been read in this run.
+  Flag LeuFase;
+
+  // Start and end.
+
+  void Form_Load() override;
+  void Form_Unload() override;
+  Integer Redimensionar(std::string_view oque, Integer valor);
+
+  // Keys and clicks.
+
+  void Form_KeyDown(Integer KeyCode, Integer Shift) override;
+  void Form_Click() override;
+  void Box_Click(Integer Index);
+  void statusbar_Click();
+  void Image1_Click();
+
+  // The paddle.
+
+  void Form_MouseMove(Integer Button, Integer Shift, Single X, Single Y) override;
+  void Box_MouseMove(Integer Index, Integer Button, Integer Shift, Single X, Single Y);
+  void Imgbonus_MouseMove(Integer Button, Integer Shift, Single X, Single Y);
+  void life_MouseMove(Integer Index, Integer Button, Integer Shift, Single X, Single Y);
+  void statusbar_MouseMove(Integer Button, Integer Shift, Single X, Single Y);
+  void Label2_MouseMove(Integer Button, Integer Shift, Single X, Single Y);
+  void LabelPontos_MouseMove(Integer Button, Integer Shift, Single X, Single Y);
+  void User_MouseMove(Integer Button, Integer Shift, Single X, Single Y);
+  void Image1_MouseMove(Integer Button, Integer Shift, Single X, Single Y);
+
+  // The ball.
+
+  void Timer_Move_Timer();
+  void Timer_Move2_Timer();
+  void MoveBola();
+  Long UserMeio();
+  void hos(std::string_view Side, Integer boxindex);
+  void timerDefine_Timer();
+
+  // Levels.
+
+  void loadup(Integer num);
+  void clearall();
+  void passafase();
+
+  // Bonuses.
+
+  void consedebonus(Integer& nbonus);
+  void Timer2_Timer();
+  void TimerDescebonus_Timer();
+  void TestaBonus();
+  void TimerBonusParado_Timer();
+  void TimerPisca_Timer();
+
+  // The end of a game.
+
+  void gameover();
+  Flag VerificaRecord();
+
+  // Status and sound.
+
+  void ExibeVidas(const Integer& nvida);
+  void ExibeBolaAtual();
+  void sound(std::string_view swave);
+
+ private:
+  // Start-up, in this order.
+  void DispoeBarra();
+  void DispoeVidas();
+  void DispoeRotulos();
+  void DimensionaUser();
+  void LeVelocidade();
+
+  // The steps of a tick of the ball; those that answer tell whether the tick ends.
+  void SeguraBola();
+  bool BateParede();
+  void RebateUser();
+  void ProcuraBox();
+  bool PerdeBola();
+  bool LimpaFase();
+  void AvancaBola();
+  std::string_view LadoBatido(stage::Image& bloco);
+
+  // What a hit does.
+  void InverteVelocidade(std::string_view Side);
+  void PontuaBatida(Integer tipo);
+  void BateRigido(std::string_view Side, Integer boxindex);
+  void EncostaBola(std::string_view Side, Integer boxindex);
+  void AmoleceRigidos();
+
+  // The paddle goes where the pointer is, and may meet the falling bonus there.
+  void MoveUser(Double posicao);
+  void MoveUserTestando(Double posicao);
+
+  // A level read from its file.
+  void CarregaFase(Integer num);
+  void CriaFechamento();
+  void ProximaFase();
+  void TodosCompletados(Integer num);
+
+  // Keys.
+  void SaltaFase();
+  void PedeAjuda();
+  void PedePausa();
+  void Sai();
+
+  // Bonuses.
+  void TrocaBola(Integer codigo);
+  void PerdeVida();
+  void MudaTamanho(Integer tamanho);
+  void GanhaFase();
+  Integer CodigoSorteado(const Sorteio& sorteio);
+  Integer AplicaRegras(Integer codigo, Integer dois);
+  void SoltaBonus();
+  bool ProcuraLugar(stage::Image& fecho, Double& y, Single& x);
+  bool LugarLivre(stage::Image& fecho, Double y, Single x, Long fase);
+  bool BolaSobre(stage::Image& bloco);
+};
+
+}  // namespace korvane

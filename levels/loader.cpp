@@ -1,0 +1,93 @@
+// A level comes onto the field. A file that cannot be read is the end of a series.
+#include <iostream>
+
+#include "core/game.h"
+#include "levels/level_file.h"
+
+namespace korvane {
+namespace {
+
+constexpr int kRigido = 20;
+constexpr int kFechamento = 100;
+constexpr int kUltimaSerie = 3;
+
+std::string Arquivo(const std::string& caminho, Integer num) {
+  return caminho + "\\levels\\" + std::to_string(num) + ".sav";
+}
+
+}  // namespace
+
+void game::loadup(Integer num) {
+  TimerPisca.Enabled = false;
+  TipoPisca = 0;
+  BonusExcluido = 0;
+  while (true) {
+    try {
+      CarregaFase(num);
+      LeuFase = true;
+      return;
+    } catch (const RuntimeError&) {
+      if (Serie == kUltimaSerie) break;
+    }
+    clearall();
+    FaseAtual = 1;
+    Serie = Serie + 1;
+    num = 1;
+  }
+  TodosCompletados(num);
+}
+
+void game::CarregaFase(Integer num) {
+  Vetor<Integer, 600>& TipoBox = Module1.TipoBox;
+  ProximoBox = 1;
+  TemRigido = false;
+  const std::string texto = LevelText(stage::HostPath(Arquivo(Caminho, num)));
+  LevelReader leitor(texto);
+  while (!leitor.AtEnd()) {
+    const LevelRecord registro = leitor.Next();
+    if (registro.IsRule()) {
+      if (registro.Blinks()) {
+        TipoPisca = registro.BlinkingType();
+        TimerPisca.Interval = registro.BlinkInterval();
+      }
+      BonusExcluido = registro.BarredBonus();
+      continue;
+    }
+    Box.Load(ProximoBox);
+    stage::Image& bloco = Box(ProximoBox);
+    bloco.Top = Single(Height / 35 * Serie + Redimensionar("top", registro.Top()));
+    bloco.Left = Single(Redimensionar("left", registro.Left()));
+    bloco.Height = Single(Redimensionar("top", registro.Height()));
+    bloco.Width = Single(Redimensionar("left", registro.Width()));
+    bloco.Visible = true;
+    TipoBox(ProximoBox) = registro.Type();
+    if (registro.TypeIs(kRigido)) TemRigido = true;
+    bloco.Picture = ImagePedra(registro.Type()).Picture;
+    ProximoBox = ProximoBox + 1;
+  }
+  CriaFechamento();
+  ball.Picture = Imageball(0).Picture;
+  Module1.BolaAtual = 0;
+  BonusCaindo = -1;
+  Magnetico = false;
+  ExibeBolaAtual();
+  Label2.Caption = std::string("Tela: ") + "ABCDEFGHIJKLM"[Serie] + "-" + std::to_string(num);
+  if (TipoPisca > 0) TimerPisca.Enabled = true;
+}
+
+/// The carrier of the parked bonus stands behind the last block.
+void game::CriaFechamento() {
+  Box.Load(ProximoBox);
+  Box(ProximoBox).Stretch = false;
+  Box(ProximoBox).Visible = false;
+  Module1.TipoBox(ProximoBox) = kFechamento;
+}
+
+void game::TodosCompletados(Integer num) {
+  Palco.MsgBox("Todos os niveis completados");
+  if (LeuFase) return;
+  std::cerr << "korvane: cannot read " << stage::HostPath(Arquivo(Caminho, num)).string() << '\n';
+  Palco.End();
+}
+
+}  // namespace korvane

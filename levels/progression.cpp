@@ -1,0 +1,35 @@
+// How a level ends and the next one comes.
+#include "core/game.h"
+
+namespace korvane {
+
+void game::clearall() {
+  FasesRetiradas = FasesRetiradas + 1;
+  for (Integer i = 1; i <= ProximoBox; i = i + 1) {
+    ResumeNext([&] { Box.Unload(i); }, [&] { Module1.TipoBox(i) = 0; });
+  }
+  ProximoBox = 1;
+  ball.Top = User.Top;
+  ball.Left = Single(ball.Width / 2 + User.Left);
+  BolaPresa = true;
+  VelX = 0;
+  VelY = -Module1.Vkorv;
+}
+
+void game::passafase() {
+  constexpr int kRigido = 20;
+  if (!TemRigido || Module1.BolaAtual == 2) return;
+  for (Integer i = 1; i < ProximoBox; i = i + 1) {
+    const Integer tipo = Module1.TipoBox(i);
+    if (tipo != 0 && tipo != kRigido) return;
+  }
+  ProximaFase();
+}
+
+void game::ProximaFase() {
+  clearall();
+  FaseAtual = FaseAtual + 1;
+  loadup(FaseAtual);
+}
+
+}  // namespace korvane

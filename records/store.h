@@ -1,0 +1,18 @@
+// The file that keeps the ten records: name and score of each row, a line each, one byte to a character.
+#pragma once
+
+#include "core/Module1.h"
+
+namespace korvane {
+
+/// Fills the table from the file, which is made if it is missing or empty. A damaged file gives the rows up
+/// to the damage.
+void Getrecords(Module1& modulo);
+
+/// Puts the whole table in the place of the file. What cannot be written is said in one line on stderr.
+void GravaRecords(Module1& modulo);
+
+/// Whether the records file can hold the character.
+bool CabeNoRecord(char32_t letra);
+
+}  // namespace korvane

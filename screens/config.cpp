@@ -1,0 +1,24 @@
+#include "screens/config.h"
+
+#include <iostream>
+
+#include "stage/profile.h"
+
+namespace korvane {
+
+std::string LeIni(std::string_view section, std::string_view key, std::string_view file) {
+  constexpr std::size_t kBuffer = 255;
+  const std::string value = stage::GetPrivateProfileStringA(section, key, "", kBuffer, file);
+  return value.substr(0, value.find('\0'));
+}
+
+void GravaIni(std::string_view section, std::string_view key, std::string_view value, std::string_view file) {
+  try {
+    stage::WritePrivateProfileStringA(section, key, value, file);
+  } catch (const stage::RuntimeError&) {
+    std::cerr << "korvane: cannot write " << stage::HostPath(file).string()
+              << "; the speed holds for this run only\n";
+  }
+}
+
+}  // namespace korvane

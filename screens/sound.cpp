@@ -1,0 +1,7 @@
+#include "core/game.h"
+
+namespace korvane {
+
+void game::sound(std::string_view swave) { Palco.sndPlaySoundA(Caminho + "\\sons\\" + std::string(swave)); }
+
+}  // namespace korvane

@@ -1,0 +1,14 @@
+// Life icons and the indicator of the ball's kind.
+#include "core/game.h"
+
+namespace korvane {
+
+void game::ExibeVidas(const Integer& nvida) {
+  for (Integer k = 1; k <= 5; k = k + 1) life(k).Visible = nvida > k;
+}
+
+void game::ExibeBolaAtual() {
+  for (Integer i = 0; i <= 2; i = i + 1) Imageball(i).Visible = i == Module1.BolaAtual;
+}
+
+}  // namespace korvane

@@ -1,0 +1,33 @@
+// Draws pictures and text as pixels, for whatever shows them.
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+
+#include "stage/bitmap.h"
+
+namespace stage {
+
+/// A typeface at a height in display pixels.
+struct Face {
+  std::string_view file;  // bytes of the font
+  int pixels = 12;
+};
+
+class Artist {
+ public:
+  Artist() = default;
+  Artist(const Artist&) = delete;
+  Artist& operator=(const Artist&) = delete;
+  virtual ~Artist() = default;
+
+  /// The picture stretched to `size`. What cannot be drawn is black.
+  virtual Bitmap Draw(std::string_view svg, PixelSize size) = 0;
+  /// One line of UTF-8 text. Empty text, and text that cannot be drawn, covers nothing.
+  virtual Coverage Write(const Face& face, std::string_view text) = 0;
+  virtual int TextWidth(const Face& face, std::string_view text) = 0;
+  /// False if the file cannot be written.
+  virtual bool SavePng(const Framebuffer& picture, const std::filesystem::path& file) = 0;
+};
+
+}  // namespace stage

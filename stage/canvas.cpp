@@ -1,0 +1,152 @@
+#include "stage/canvas.h"
+
+#include <cstring>
+
+namespace stage {
+namespace {
+
+// Enough for every picture of a level at the largest displays; a level of odd sizes starts over.
+constexpr std::size_t kMostPicturePixels = 6'000'000;
+constexpr std::size_t kMostTexts = 128;
+// A picture larger than this is drawn at this size and enlarged while copying.
+constexpr int kLargestDrawing = 2048;
+
+Pixel Blend(Pixel below, Pixel colour, unsigned alpha) {
+  const auto mix = [=](unsigned shift) {
+    const unsigned under = (below >> shift) & 255U;
+    const unsigned over = (colour >> shift) & 255U;
+    return ((under * (255U - alpha) + over * alpha + 127U) / 255U) << shift;
+  };
+  return mix(16) | mix(8) | mix(0);
+}
+
+/// Fonts that stand for the design fonts.
+std::string_view FileName(const Font& font) {
+  if (font.name == "Verdana") return "DejaVuSans-Bold";
+  return font.bold ? "LiberationSans-Bold" : "LiberationSans-Regular";
+}
+
+}  // namespace
+
+Pixel PixelOf(Long colour) {
+  const auto value = static_cast<std::uint32_t>(std::int64_t(colour));
+  return (value & 255U) << 16 | (value & 0xFF00U) | ((value >> 16) & 255U);
+}
+
+std::shared_ptr<const Bitmap> Drawings::Of(const Picture& picture, PixelSize size) {
+  size = {std::clamp(size.width, 1, kLargestDrawing), std::clamp(size.height, 1, kLargestDrawing)};
+  if (const auto found = pictures_.find({&picture, size}); found != pictures_.end()) return found->second;
+  auto drawn = std::make_shared<const Bitmap>(artist_.Draw(picture.svg, size));
+  picture_pixels_ += drawn->pixels.size();
+  if (picture_pixels_ > kMostPicturePixels) {
+    pictures_.clear();
+    picture_pixels_ = drawn->pixels.size();
+  }
+  pictures_[{&picture, size}] = drawn;
+  return drawn;
+}
+
+std::shared_ptr<const Coverage> Drawings::Of(const Font& font, Double scale, const std::string& text) {
+  const Face face = FaceFor(font, scale);
+  auto& kept = texts_[{face.file.data(), face.pixels, text}];
+  if (kept) return kept;
+  const auto written = std::make_shared<const Coverage>(artist_.Write(face, text));
+  kept = written;
+  if (texts_.size() > kMostTexts) texts_.clear();
+  return written;
+}
+
+int Drawings::TextWidth(const Font& font, Double scale, std::string_view text) {
+  return artist_.TextWidth(FaceFor(font, scale), text);
+}
+
+int Drawings::FontHeight(const Font& font, Double scale) {
+  constexpr Double kPixelsPerPoint = 96.0 / 72;
+  return std::max(1, static_cast<int>(std::lround(font.points * kPixelsPerPoint * scale)));
+}
+
+Face Drawings::FaceFor(const Font& font, Double scale) const {
+  for (const Asset& asset : assets_) {
+    if (asset.name == FileName(font)) return {asset.bytes, FontHeight(font, scale)};
+  }
+  return {};
+}
+
+Canvas Canvas::Within(const TwipRect& area) const { return WithinPixels(viewport_.ToPixels(area)); }
+
+Canvas Canvas::WithinPixels(const PixelRect& area) const {
+  return {target_, viewport_, drawings_, clip_.Cut(area)};
+}
+
+void Canvas::FillPixels(const PixelRect& rect, Pixel colour) const {
+  const PixelRect part = rect.Cut(clip_);
+  if (part.Empty()) return;
+  for (int y = part.top; y < part.bottom; ++y) {
+    std::fill_n(target_.Row(y) + part.left, part.Width(), colour);
+  }
+}
+
+void Canvas::Fill(const TwipRect& rect, Pixel colour) const { FillPixels(viewport_.ToPixels(rect), colour); }
+
+void Canvas::Frame(const TwipRect& rect, Pixel colour) const {
+  const PixelRect outer = viewport_.ToPixels(rect);
+  const int line = std::max(1, viewport_.Length(kTwipsPerPixel));
+  FillPixels({outer.left, outer.top, outer.right, outer.top + line}, colour);
+  FillPixels({outer.left, outer.bottom - line, outer.right, outer.bottom}, colour);
+  FillPixels({outer.left, outer.top, outer.left + line, outer.bottom}, colour);
+  FillPixels({outer.right - line, outer.top, outer.right, outer.bottom}, colour);
+}
+
+void Canvas::Draw(const TwipRect& rect, const Picture& picture, PixelSize size) const {
+  const PixelRect place = viewport_.ToPixels(rect);
+  const PixelRect whole{place.left, place.top, place.left + size.width, place.top + size.height};
+  const PixelRect part = place.Cut(whole).Cut(clip_);
+  if (part.Empty()) return;
+  const auto bitmap = drawings_.Of(picture, size);
+  if (bitmap->size == size) {
+    for (int y = part.top; y < part.bottom; ++y) {
+      std::memcpy(target_.Row(y) + part.left,
+                  &bitmap->pixels[bitmap->Index(part.left - whole.left, y - whole.top)],
+                  sizeof(Pixel) * std::size_t(part.Width()));
+    }
+    return;
+  }
+  const auto from = [](int offset, int drawn, int shown) {
+    return static_cast<int>(std::int64_t(offset) * drawn / shown);
+  };
+  for (int y = part.top; y < part.bottom; ++y) {
+    for (int x = part.left; x < part.right; ++x) {
+      target_.Row(y)[x] = bitmap->At(from(x - whole.left, bitmap->size.width, size.width),
+                                     from(y - whole.top, bitmap->size.height, size.height));
+    }
+  }
+}
+
+void Canvas::Write(const TwipRect& rect, const Font& font, const std::string& text, Pixel colour,
+                   Align align) const {
+  if (text.empty()) return;
+  const PixelRect place = viewport_.ToPixels(rect);
+  const auto words = drawings_.Of(font, viewport_.Scale(), text);
+  const int spare = place.Width() - words->size.width;
+  const int indent = align == Align::kLeft ? 0 : align == Align::kRight ? spare : spare / 2;
+  const int left = place.left + indent;
+  const PixelRect part =
+      PixelRect{left, place.top, left + words->size.width, place.top + words->size.height}.Cut(clip_);
+  for (int y = part.top; y < part.bottom; ++y) {
+    const std::uint8_t* alpha =
+        words->alpha.data() + std::ptrdiff_t(y - place.top) * words->size.width - left;
+    Pixel* row = target_.Row(y);
+    for (int x = part.left; x < part.right; ++x) row[x] = Blend(row[x], colour, alpha[x]);
+  }
+}
+
+Double Canvas::TextWidth(const Font& font, std::string_view text) const {
+  return drawings_.TextWidth(font, viewport_.Scale(), text) * kTwipsPerPixel / viewport_.Scale();
+}
+
+Double Canvas::TextHeight(const Font& font) const {
+  constexpr Double kLineOfHeight = 1.2;  // room for what hangs below the line
+  return Drawings::FontHeight(font, viewport_.Scale()) * kLineOfHeight * kTwipsPerPixel / viewport_.Scale();
+}
+
+}  // namespace stage

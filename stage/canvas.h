@@ -1,0 +1,82 @@
+// Painting into the part of a framebuffer that has changed.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <tuple>
+
+#include "stage/artist.h"
+#include "stage/picture.h"
+
+namespace stage {
+
+/// A font by its design name ("Arial", "MS Sans Serif", "Verdana") and its height in points.
+struct Font {
+  std::string_view name = "MS Sans Serif";
+  Single points = 9.75F;
+  bool bold = false;
+};
+
+enum class Align { kLeft, kCenter, kRight };
+
+/// Colours with red in the low byte, then green, then blue, as programs of forms write them.
+constexpr Long Rgb(int red, int green, int blue) { return red + green * 256 + blue * 65536; }
+Pixel PixelOf(Long colour);
+
+/// Drawings and lines of text as last made, kept as long as they are few enough to be worth it.
+class Drawings {
+ public:
+  Drawings(Artist& artist, std::span<const Asset> assets) : artist_(artist), assets_(assets) {}
+
+  std::shared_ptr<const Bitmap> Of(const Picture& picture, PixelSize size);
+  std::shared_ptr<const Coverage> Of(const Font& font, Double scale, const std::string& text);
+  int TextWidth(const Font& font, Double scale, std::string_view text);
+  static int FontHeight(const Font& font, Double scale);
+
+ private:
+  Face FaceFor(const Font& font, Double scale) const;
+
+  Artist& artist_;
+  std::span<const Asset> assets_;
+  std::map<std::tuple<const Picture*, PixelSize>, std::shared_ptr<const Bitmap>> pictures_;
+  std::size_t picture_pixels_ = 0;
+  std::map<std::tuple<const char*, int, std::string>, std::shared_ptr<const Coverage>> texts_;
+};
+
+/// A framebuffer with a clip. Places are in twips of the screen.
+class Canvas {
+ public:
+  Canvas(const Framebuffer& target, const Viewport& viewport, Drawings& drawings, const PixelRect& clip)
+      : target_(target), viewport_(viewport), drawings_(drawings), clip_(clip) {}
+
+  /// The same canvas, clipped to `area` too.
+  Canvas Within(const TwipRect& area) const;
+  Canvas WithinPixels(const PixelRect& area) const;
+  bool Hidden() const { return clip_.Empty(); }
+  bool Touches(const TwipRect& rect) const { return !viewport_.ToPixels(rect).Cut(clip_).Empty(); }
+
+  void Fill(const TwipRect& rect, Pixel colour) const;
+  void FillAll(Pixel colour) const { FillPixels(clip_, colour); }
+  /// An outline inside `rect`, one line of the design resolution wide.
+  void Frame(const TwipRect& rect, Pixel colour) const;
+  /// The picture at `size` from the top left corner of `rect`; what stands out of `rect` is cut off.
+  void Draw(const TwipRect& rect, const Picture& picture, PixelSize size) const;
+  void Write(const TwipRect& rect, const Font& font, const std::string& text, Pixel colour,
+             Align align) const;
+  /// In twips.
+  Double TextWidth(const Font& font, std::string_view text) const;
+  Double TextHeight(const Font& font) const;
+
+  const Viewport& View() const { return viewport_; }
+
+ private:
+  void FillPixels(const PixelRect& rect, Pixel colour) const;
+
+  Framebuffer target_;
+  const Viewport& viewport_;
+  Drawings& drawings_;
+  PixelRect clip_;
+};
+
+}  // namespace stage

@@ -1,0 +1,178 @@
+// The controls that lie on forms. Left, Top, Width and Height are in the units of the container's interior.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "stage/canvas.h"
+#include "stage/property.h"
+#include "stage/region.h"
+
+namespace stage {
+
+class Control;
+class Form;
+
+/// What controls lie in: a form, or a picture box on one. Its interior has units of its own.
+class Container {
+ public:
+  explicit Container(Units units) : units_(units) {}
+  Container(const Container&) = delete;
+  Container& operator=(const Container&) = delete;
+  virtual ~Container() = default;
+
+  Units InteriorUnits() const { return units_; }
+  /// The interior on the screen, in twips.
+  virtual TwipRect Interior() const = 0;
+  virtual Form& Owner() = 0;
+  virtual bool Shown() const = 0;
+
+  /// A design size in twips, read in units of the interior.
+  Single Across(Double twips) const { return Single(twips / units_.x); }
+  Single Down(Double twips) const { return Single(twips / units_.y); }
+
+  /// From the lowest layer up.
+  const std::vector<Control*>& Layers() const { return layers_; }
+  void Add(Control& control);
+  void Remove(const Control& control);
+  /// Puts a control directly above another, or in front of all of its sort.
+  void PlaceAbove(Control& control, const Control& below);
+  void BringToFront(Control& control);
+  /// The topmost visible control at a point of the screen, also inside picture boxes.
+  Control* At(TwipPoint point) const;
+  void TakeChangesOfControls(const Viewport& viewport, bool moved, Region& changed) const;
+  /// Paints the controls on an interior that is already clear.
+  void PaintControls(const Canvas& canvas) const;
+
+ private:
+  Units units_;
+  std::vector<Control*> layers_;
+};
+
+/// A design place, in twips of the container.
+struct Design {
+  Double left = 0;
+  Double top = 0;
+  Double width = 0;
+  Double height = 0;
+};
+
+using ClickHandler = std::function<void()>;
+/// X and Y count from the control's corner; in units of its own interior if it has one, else of its
+/// container.
+using MouseMoveHandler = std::function<void(Integer Button, Integer Shift, Single X, Single Y)>;
+
+class Control {
+ public:
+  /// Images and labels lie under every picture box and text box of their container.
+  enum class Layer { kGraphical, kWindow };
+
+  Control(Container& container, const Design& design, Layer layer = Layer::kGraphical);
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+  virtual ~Control();
+
+  /// The area on the screen has to be painted anew.
+  void Changing();
+  virtual void Paint(const Canvas& canvas) const = 0;
+  virtual Control* At(TwipPoint) { return this; }
+  virtual void TakeChangesInside(const Viewport& /*viewport*/, bool /*moved*/, Region& /*changed*/) const {}
+  virtual Units MouseUnits() const { return container_.InteriorUnits(); }
+  /// For controls that can hold the input focus.
+  virtual bool TakesFocus() const { return false; }
+  virtual void KeyDown(int /*code*/, int /*shift*/) {}
+  virtual void Type(const std::string& /*text*/) {}
+  virtual void Press(TwipPoint /*place*/) {
+    if (Click) Click();
+  }
+
+  /// Brings the control to the front of the images and labels of its form. Only position 0 is known.
+  void ZOrder(Integer position);
+  /// Asks for painting; the beat that runs ends with it.
+  void Refresh() { Changing(); }
+
+  /// On the screen, in twips.
+  TwipRect Area() const;
+  bool Shown() const { return Visible && container_.Shown(); }
+  Layer GetLayer() const { return layer_; }
+  Container& GetContainer() const { return container_; }
+
+  /// Adds the pixels to paint anew since the last call: where the control was and where it is. `moved` tells
+  /// that its container has moved.
+  void TakeChanges(const Viewport& viewport, bool moved, Region& changed);
+
+ private:
+  Container& container_;
+  Layer layer_;
+  bool changed_ = true;
+  PixelRect painted_;
+
+ public:
+  Property<Flag, &Control::Changing, bool> Visible{this, true};
+  Property<Single, &Control::Changing, Double> Left;
+  Property<Single, &Control::Changing, Double> Top;
+  Property<Single, &Control::Changing, Double> Width;
+  Property<Single, &Control::Changing, Double> Height;
+
+  ClickHandler Click;
+  MouseMoveHandler MouseMove;
+};
+
+/// A picture. Stretched it fills the control; else the control takes the natural size of each picture that it
+/// is given, and a later change of size cuts the picture off.
+class Image : public Control {
+ public:
+  Image(Container& container, const Design& design, PictureRef picture, bool stretch);
+  /// A new element of an array: all of `other` but its Visible, which is false, directly above it.
+  Image(Container& container, const Image& other);
+
+  void Paint(const Canvas& canvas) const override;
+
+ private:
+  void TakeNaturalSize(const PictureRef& picture);
+
+ public:
+  Property<Flag, &Image::Changing, bool> Stretch;
+  Property<PictureRef, &Image::TakeNaturalSize> Picture;
+};
+
+/// Colours and font of a label's text.
+struct Style {
+  Font font;
+  Long colour = Rgb(0, 0, 0);
+  Align align = Align::kLeft;
+  bool fit_to_text = false;  // text may stand out of the label to the right
+};
+
+/// One line of text on whatever lies beneath.
+class Label : public Control {
+ public:
+  Label(Container& container, const Design& design, const Style& style, std::string caption);
+
+  void Paint(const Canvas& canvas) const override;
+
+ private:
+  Style style_;
+
+ public:
+  Property<std::string, &Label::Changing> Caption;
+  Property<Long, &Label::Changing> ForeColor;
+  Property<Single, &Label::Changing, Double> FontSize;
+};
+
+/// A black box above the images and labels, with controls of its own inside, in twips.
+class PictureBox : public Control, public Container {
+ public:
+  PictureBox(Container& container, const Design& design);
+
+  TwipRect Interior() const override { return Area(); }
+  Form& Owner() override { return GetContainer().Owner(); }
+  bool Shown() const override { return Control::Shown(); }
+  Control* At(TwipPoint point) override;
+  void TakeChangesInside(const Viewport& viewport, bool moved, Region& changed) const override;
+  Units MouseUnits() const override { return InteriorUnits(); }
+  void Paint(const Canvas& canvas) const override;
+};
+
+}  // namespace stage

@@ -1,0 +1,45 @@
+#include "stage/geometry.h"
+
+namespace stage {
+namespace {
+
+// Far beyond any display, near enough that sums of pixels stay whole numbers of 32 bits.
+constexpr Double kFarthestPixel = 1e6;
+
+int Nearest(Double pixels) {
+  return static_cast<int>(std::lround(std::clamp(pixels, -kFarthestPixel, kFarthestPixel)));
+}
+
+}  // namespace
+
+ScreenSize ScreenFor(PixelSize display) {
+  constexpr Double kNarrowest = 5.0 / 4;
+  constexpr Double kWidest = 32.0 / 9;
+  const ScreenSize reference;
+  const Double shape = Double(display.width) / std::max(display.height, 1);
+  const Double width = reference.Height * std::clamp(shape, kNarrowest, kWidest);
+  return {Single(std::round(width)), reference.Height};
+}
+
+Viewport::Viewport(ScreenSize screen, PixelSize display)
+    : screen_(screen),
+      scale_(std::min(display.width * kTwipsPerPixel / screen.Width,
+                      display.height * kTwipsPerPixel / screen.Height)),
+      left_((display.width - screen.Width / kTwipsPerPixel * scale_) / 2),
+      top_((display.height - screen.Height / kTwipsPerPixel * scale_) / 2) {}
+
+PixelRect Viewport::Area() const { return ToPixels({0, 0, screen_.Width, screen_.Height}); }
+
+PixelRect Viewport::ToPixels(const TwipRect& rect) const {
+  const int left = Nearest(left_ + rect.left / kTwipsPerPixel * scale_);
+  const int top = Nearest(top_ + rect.top / kTwipsPerPixel * scale_);
+  return {left, top, left + Length(rect.width), top + Length(rect.height)};
+}
+
+int Viewport::Length(Double twips) const { return Nearest(twips / kTwipsPerPixel * scale_); }
+
+TwipPoint Viewport::ToTwips(Double x, Double y) const {
+  return {(x - left_) * kTwipsPerPixel / scale_, (y - top_) * kTwipsPerPixel / scale_};
+}
+
+}  // namespace stage

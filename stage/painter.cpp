@@ -1,0 +1,42 @@
+#include "stage/painter.h"
+
+#include <ranges>
+
+namespace stage {
+
+Viewport Painter::View() const { return viewport_ ? *viewport_ : Viewport(screen_, platform_.DisplaySize()); }
+
+void Painter::Paint(const FormList& forms) {
+  const auto target = platform_.Canvas();
+  if (!target) return;
+  if (!viewport_ || size_ != target->size) {
+    size_ = target->size;
+    viewport_.emplace(screen_, size_);
+    region_.Add({0, 0, size_.width, size_.height});
+  }
+  for (const auto& form : forms) form->TakeChanges(*viewport_, region_);
+  Region visible;
+  for (const PixelRect& rect : region_.Rects()) visible.Add(rect.Cut({0, 0, size_.width, size_.height}));
+  region_.Clear();
+  if (visible.Empty()) return;
+  for (const PixelRect& rect : visible.Rects()) Compose(*target, rect, forms);
+  platform_.Present(visible.Rects());
+}
+
+void Painter::Compose(const Framebuffer& target, const PixelRect& rect, const FormList& forms) {
+  const Canvas canvas(target, *viewport_, drawings_, rect);
+  const auto covers = [&](const auto& form) {
+    return form->Opaque() && viewport_->ToPixels(form->Interior()).Covers(rect);
+  };
+  const auto covering = std::ranges::find_if(forms | std::views::reverse, covers);
+  auto lowest = forms.begin();
+  if (covering != forms.rend()) {
+    lowest = std::prev(covering.base());
+  } else {
+    canvas.FillAll(0);
+  }
+  const Canvas screen = canvas.Within({0, 0, screen_.Width, screen_.Height});
+  for (auto form = lowest; form != forms.end(); ++form) (*form)->Paint(screen);
+}
+
+}  // namespace stage

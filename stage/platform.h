@@ -1,0 +1,63 @@
+// The seam between the stage and the machine. What is above it is the same code on every platform.
+#pragma once
+
+#include <chrono>
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <string>
+
+#include "stage/artist.h"
+#include "stage/events.h"
+
+namespace stage {
+
+/// Time since the platform was made.
+using Moment = std::chrono::microseconds;
+
+struct PixelPoint {
+  int x = 0;
+  int y = 0;
+};
+
+enum class Wake { kOnInput, kOnTime };
+
+class Platform {
+ public:
+  Platform() = default;
+  Platform(const Platform&) = delete;
+  Platform& operator=(const Platform&) = delete;
+  virtual ~Platform() = default;
+
+  /// The size to make the program's screen from.
+  virtual ScreenSize Screen() = 0;
+  virtual PixelSize DisplaySize() = 0;
+  virtual Artist& Drawing() = 0;
+
+  /// What the picture is composed in; its content and place stay until the display changes. Nothing when
+  /// nobody looks.
+  virtual std::optional<Framebuffer> Canvas() = 0;
+  /// Shows these rectangles of the canvas.
+  virtual void Present(std::span<const PixelRect> changed) = 0;
+
+  virtual std::optional<Event> NextEvent() = 0;
+  /// Gives way until `until`, or until input comes if that wakes. The only place where the program waits.
+  virtual void Wait(Moment until, Wake wake) = 0;
+
+  virtual Moment Now() = 0;
+  /// Seconds since midnight by the system's clock.
+  virtual Double SecondsOfDay() = 0;
+
+  virtual void ShowPointer(bool shown) = 0;
+  virtual PixelPoint PointerPlace() = 0;
+  virtual void MovePointer(PixelPoint place) = 0;
+
+  /// Starts a sound file and returns at once; what still plays is cut off. A file that cannot be played is
+  /// silence.
+  virtual void PlaySound(const std::filesystem::path& file) = 0;
+  virtual std::string Clipboard() = 0;
+  /// The folder that the program's files lie in.
+  virtual std::filesystem::path ProgramFolder() = 0;
+};
+
+}  // namespace stage

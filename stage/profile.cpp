@@ -1,0 +1,109 @@
+#include "stage/profile.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "stage/stage.h"
+#include "stage/text_file.h"
+
+namespace stage {
+namespace {
+
+constexpr std::size_t kMostBytes = 1 << 20;
+
+std::string_view Trimmed(std::string_view text) {
+  const auto blank = [](char c) { return c == ' ' || c == '\t'; };
+  while (!text.empty() && blank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && blank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+bool SameName(std::string_view a, std::string_view b) {
+  return std::ranges::equal(
+      a, b, [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
+}
+
+/// A line without its end; `rest` is shortened by both.
+std::string_view TakeLine(std::string_view& rest) {
+  const std::string_view line = rest.substr(0, rest.find_first_of("\r\n"));
+  rest.remove_prefix(line.size());
+  rest.remove_prefix(rest.starts_with("\r\n") ? 2 : std::min<std::size_t>(1, rest.size()));
+  return line;
+}
+
+bool IsSection(std::string_view line) { return Trimmed(line).starts_with('['); }
+
+bool OpensSection(std::string_view line, std::string_view section) {
+  const std::string_view text = Trimmed(line);
+  return IsSection(line) && SameName(Trimmed(text.substr(1, text.find(']') - 1)), section);
+}
+
+/// Where in the text a key's value stands, or where the section ends that should hold it.
+struct Place {
+  bool section = false;
+  bool key = false;
+  std::size_t from = 0;
+  std::size_t to = 0;
+};
+
+Place Find(std::string_view text, std::string_view section, std::string_view key) {
+  Place place;
+  std::string_view rest = text;
+  while (!rest.empty()) {
+    const std::string_view line = TakeLine(rest);
+    const auto start = static_cast<std::size_t>(line.data() - text.data());
+    if (IsSection(line)) {
+      if (place.section) break;
+      place.section = OpensSection(line, section);
+    } else if (place.section) {
+      const std::size_t equals = line.find('=');
+      if (equals != std::string_view::npos && SameName(Trimmed(line.substr(0, equals)), key)) {
+        return {true, true, start + equals + 1, start + line.size()};
+      }
+    }
+    if (place.section && !Trimmed(line).empty()) place.from = place.to = start + line.size();
+  }
+  return place;
+}
+
+std::string TextOf(std::string_view file) {
+  const std::filesystem::path path = HostPath(file);
+  return std::filesystem::exists(path) ? ReadWhole(path, kMostBytes) : std::string();
+}
+
+}  // namespace
+
+ProfileValue FindProfileValue(std::string_view text, std::string_view section, std::string_view key) {
+  const Place place = Find(text, section, key);
+  if (!place.key) return {};
+  return {true, Trimmed(text.substr(place.from, place.to - place.from))};
+}
+
+std::string WithProfileValue(std::string_view text, std::string_view section, std::string_view key,
+                             std::string_view value) {
+  const Place place = Find(text, section, key);
+  std::string changed(text);
+  if (place.key) return changed.replace(place.from, place.to - place.from, value);
+  const std::string end =
+      text.find('\n') != std::string_view::npos && text.find("\r\n") == std::string_view::npos ? "\n"
+                                                                                               : "\r\n";
+  const std::string line = std::string(key) + "=" + std::string(value);
+  if (place.section) return changed.insert(place.to, end + line);
+  if (!text.empty() && !text.ends_with('\n')) changed += end;
+  return changed + "[" + std::string(section) + "]" + end + line + end;
+}
+
+std::string GetPrivateProfileStringA(std::string_view section, std::string_view key,
+                                     std::string_view fallback, std::size_t size, std::string_view file) {
+  std::string text;
+  ResumeNext([&] { text = TextOf(file); });
+  const ProfileValue found = FindProfileValue(text, section, key);
+  return std::string((found.found ? found.value : fallback).substr(0, size - 1));
+}
+
+void WritePrivateProfileStringA(std::string_view section, std::string_view key, std::string_view value,
+                                std::string_view file) {
+  WriteWhole(HostPath(file), WithProfileValue(TextOf(file), section, key, value));
+}
+
+}  // namespace stage

@@ -1,0 +1,28 @@
+// Initialisation files: sections in brackets, keys with values. Names are found whatever their case.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace stage {
+
+/// The value of a key, cut to `size` - 1 characters; `fallback` if the file, the section or the key does not
+/// exist. `file` is named with backslashes.
+std::string GetPrivateProfileStringA(std::string_view section, std::string_view key,
+                                     std::string_view fallback, std::size_t size, std::string_view file);
+
+/// Puts a value into the file, making the file, the section and the key as needed; every other byte stays.
+/// Raises RuntimeError if the file cannot be written.
+void WritePrivateProfileStringA(std::string_view section, std::string_view key, std::string_view value,
+                                std::string_view file);
+
+/// The value of a key in the text of a file; nothing is `found` if it is not there.
+struct ProfileValue {
+  bool found = false;
+  std::string_view value;
+};
+ProfileValue FindProfileValue(std::string_view text, std::string_view section, std::string_view key);
+std::string WithProfileValue(std::string_view text, std::string_view section, std::string_view key,
+                             std::string_view value);
+
+}  // namespace stage

@@ -1,0 +1,50 @@
+#include "stage/scalars.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+
+namespace stage {
+namespace {
+
+template <class Whole, class Raw>
+Whole Nearest(Double value) {
+  const Double whole = std::nearbyint(value);
+  if (!(whole >= std::numeric_limits<Raw>::min() && whole <= std::numeric_limits<Raw>::max())) {
+    throw RuntimeError("overflow");
+  }
+  return static_cast<std::int64_t>(whole);
+}
+
+bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+}  // namespace
+
+Integer CInt(Double value) { return Nearest<Integer, std::int16_t>(value); }
+Long CLng(Double value) { return Nearest<Long, std::int32_t>(value); }
+Double Int(Double value) { return std::floor(value); }
+
+Double Val(std::string_view text) {
+  std::string number;
+  bool point = false;
+  for (const char c : text) {
+    if (IsBlank(c) || (c == '+' && number.empty())) continue;
+    const bool sign = c == '-' && number.empty();
+    const bool first_point = c == '.' && !point;
+    if (!sign && !first_point && !IsDigit(c)) break;
+    point = point || first_point;
+    number += c;
+  }
+  return std::strtod(number.c_str(), nullptr);
+}
+
+std::string DecimalText(Double value) {
+  std::array<char, 1100> digits{};  // the smallest fraction of a Double has 1074 of them
+  const auto end =
+      std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed);
+  return {digits.data(), end.ptr};
+}
+
+}  // namespace stage

@@ -1,0 +1,79 @@
+#include "stage/scripted_platform.h"
+
+#include <cmath>
+
+namespace stage {
+namespace {
+
+constexpr Double kSecondsInDay = 86400;
+// A run that nobody asks about keeps only so many; what is older tells nothing any more.
+constexpr std::size_t kMostRemembered = 100'000;
+
+}  // namespace
+
+ScriptedPlatform::ScriptedPlatform(ScriptedSetup setup, Artist& artist)
+    : setup_(std::move(setup)), artist_(artist) {}
+
+void ScriptedPlatform::MoveTo(Double x, Double y) {
+  pointer_ = {x * setup_.scale / kTwipsPerPixel, y * setup_.scale / kTwipsPerPixel};
+  Send(pointer_);
+}
+
+void ScriptedPlatform::Look(bool looking) {
+  const PixelSize size = DisplaySize();
+  pixels_.assign(looking ? std::size_t(size.width) * std::size_t(size.height) : 0, 0);
+}
+
+PixelSize ScriptedPlatform::DisplaySize() {
+  const auto pixels = [&](Single twips) {
+    return static_cast<int>(std::lround(twips / kTwipsPerPixel * setup_.scale));
+  };
+  return {pixels(setup_.screen.Width), pixels(setup_.screen.Height)};
+}
+
+std::optional<Framebuffer> ScriptedPlatform::Canvas() {
+  if (pixels_.empty()) return std::nullopt;
+  const PixelSize size = DisplaySize();
+  return Framebuffer{size, pixels_.data(), size.width};
+}
+
+void ScriptedPlatform::Present(std::span<const PixelRect> changed) {
+  if (presented_.size() > kMostRemembered) presented_.clear();
+  presented_.insert(presented_.end(), changed.begin(), changed.end());
+}
+
+std::optional<Event> ScriptedPlatform::NextEvent() {
+  if (events_.empty()) return std::nullopt;
+  Event next = std::move(events_.front());
+  events_.pop_front();
+  return next;
+}
+
+void ScriptedPlatform::Wait(Moment until, Wake wake) {
+  if (wake == Wake::kOnTime || !Director) {
+    now_ = std::max(now_, until);
+  } else if (events_.empty()) {
+    Director();
+  }
+}
+
+Double ScriptedPlatform::SecondsOfDay() {
+  constexpr Double kMicrosecondsInSecond = 1e6;
+  return std::fmod(setup_.seconds_of_day + Double(now_.count()) / kMicrosecondsInSecond, kSecondsInDay);
+}
+
+PixelPoint ScriptedPlatform::PointerPlace() {
+  return {static_cast<int>(std::floor(pointer_.x)), static_cast<int>(std::floor(pointer_.y))};
+}
+
+void ScriptedPlatform::MovePointer(PixelPoint place) {
+  pointer_ = {Double(place.x), Double(place.y)};
+  Send(pointer_);
+}
+
+void ScriptedPlatform::PlaySound(const std::filesystem::path& file) {
+  if (sounds_.size() > kMostRemembered) sounds_.clear();
+  sounds_.push_back(file.filename().string());
+}
+
+}  // namespace stage

@@ -1,0 +1,72 @@
+// A machine without a screen, in virtual time: for tests, tools and benchmarks.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "stage/platform.h"
+
+namespace stage {
+
+struct ScriptedSetup {
+  ScreenSize screen;
+  /// Display pixels to one line of the design resolution.
+  Double scale = 1;
+  Double seconds_of_day = 43200;
+  std::filesystem::path folder;
+};
+
+class ScriptedPlatform : public Platform {
+ public:
+  ScriptedPlatform(ScriptedSetup setup, Artist& artist);
+
+  /// Called when the program waits for input: sends events or lets time pass, or throws to end the run.
+  /// Without it a wait for input lasts to its end.
+  std::function<void()> Director;
+
+  void Send(Event event) { events_.push_back(std::move(event)); }
+  /// The pointer moves to a place in twips of the screen.
+  void MoveTo(Double x, Double y);
+  void Pass(Moment time) { now_ += time; }
+  /// Time passes to the next whole multiple of `beat`.
+  void PassTo(Moment beat) { now_ = (now_ / beat + 1) * beat; }
+  /// Somebody looks at the screen, or nobody does any more.
+  void Look(bool looking);
+  /// Names of the sound files started since the last call.
+  std::vector<std::string> TakeSounds() { return std::exchange(sounds_, {}); }
+  /// All that was presented since the last call.
+  std::vector<PixelRect> TakePresented() { return std::exchange(presented_, {}); }
+  void SetSecondsOfDay(Double seconds) { setup_.seconds_of_day = seconds; }
+  void SetClipboard(std::string text) { clipboard_ = std::move(text); }
+
+  ScreenSize Screen() override { return setup_.screen; }
+  PixelSize DisplaySize() override;
+  Artist& Drawing() override { return artist_; }
+  std::optional<Framebuffer> Canvas() override;
+  void Present(std::span<const PixelRect> changed) override;
+  std::optional<Event> NextEvent() override;
+  void Wait(Moment until, Wake wake) override;
+  Moment Now() override { return now_; }
+  Double SecondsOfDay() override;
+  void ShowPointer(bool) override {}
+  PixelPoint PointerPlace() override;
+  void MovePointer(PixelPoint place) override;
+  void PlaySound(const std::filesystem::path& file) override;
+  std::string Clipboard() override { return clipboard_; }
+  std::filesystem::path ProgramFolder() override { return setup_.folder; }
+
+ private:
+  ScriptedSetup setup_;
+  Artist& artist_;
+  Moment now_{};
+  std::deque<Event> events_;
+  PointerMoved pointer_;
+  std::vector<std::string> sounds_;
+  std::vector<PixelRect> presented_;
+  std::vector<Pixel> pixels_;
+  std::string clipboard_;
+};
+
+}  // namespace stage

@@ -1,0 +1,108 @@
+#include "stage/sdl/artist.h"
+
+#include <SDL_image.h>
+#include <SDL_ttf.h>
+
+#include <algorithm>
+#include <cstring>
+#include <string>
+
+namespace stage::sdl {
+namespace {
+
+struct FreeSurface {
+  void operator()(SDL_Surface* surface) const { SDL_FreeSurface(surface); }
+};
+using Surface = std::unique_ptr<SDL_Surface, FreeSurface>;
+
+/// The drawing with a root that stretches it to `size`, whatever its shape.
+std::string Stretched(std::string_view svg, PixelSize size) {
+  const std::size_t view = svg.find("viewBox=");
+  const std::size_t end = svg.find('>');
+  if (view == std::string_view::npos || end == std::string_view::npos || view > end) return std::string(svg);
+  return "<svg xmlns=\"http://www.w3.org/2000/svg\" preserveAspectRatio=\"none\" width=\"" +
+         std::to_string(size.width) + "\" height=\"" + std::to_string(size.height) + "\" " +
+         std::string(svg.substr(view));
+}
+
+Pixel OnBlack(SDL_Color colour) {
+  const auto part = [&](Uint8 value) { return (value * colour.a + 127U) / 255U; };
+  return part(colour.r) << 16 | part(colour.g) << 8 | part(colour.b);
+}
+
+Uint32 PixelAt(const SDL_Surface& surface, int x, int y) {
+  Uint32 value = 0;
+  std::memcpy(&value, static_cast<const Uint8*>(surface.pixels) + y * surface.pitch + x * 4, sizeof value);
+  return value;
+}
+
+}  // namespace
+
+Artist::Artist() { TTF_Init(); }
+
+Artist::~Artist() {
+  fonts_.clear();
+  TTF_Quit();
+}
+
+void Artist::CloseFont::operator()(TTF_Font* font) const { TTF_CloseFont(font); }
+
+Bitmap Artist::Draw(std::string_view svg, PixelSize size) {
+  Bitmap bitmap{size, std::vector<Pixel>(std::size_t(size.width) * std::size_t(size.height), 0)};
+  const std::string text = Stretched(svg, size);
+  SDL_RWops* const source = SDL_RWFromConstMem(text.data(), static_cast<int>(text.size()));
+  const Surface drawn(IMG_LoadTyped_RW(source, 1, "SVG"));
+  if (!drawn) return bitmap;
+  const Surface plain(SDL_ConvertSurfaceFormat(drawn.get(), SDL_PIXELFORMAT_ARGB8888, 0));
+  if (!plain) return bitmap;
+  for (int y = 0; y < std::min(size.height, plain->h); ++y) {
+    for (int x = 0; x < std::min(size.width, plain->w); ++x) {
+      SDL_Color colour{};
+      SDL_GetRGBA(PixelAt(*plain, x, y), plain->format, &colour.r, &colour.g, &colour.b, &colour.a);
+      bitmap.pixels[bitmap.Index(x, y)] = OnBlack(colour);
+    }
+  }
+  return bitmap;
+}
+
+TTF_Font* Artist::Opened(const Face& face) {
+  auto& font = fonts_[face.file.data()];
+  if (!font) {
+    SDL_RWops* const source = SDL_RWFromConstMem(face.file.data(), static_cast<int>(face.file.size()));
+    font.reset(TTF_OpenFontRW(source, 1, face.pixels));
+  } else {
+    TTF_SetFontSize(font.get(), face.pixels);
+  }
+  return font.get();
+}
+
+Coverage Artist::Write(const Face& face, std::string_view text) {
+  Coverage coverage;
+  TTF_Font* const font = Opened(face);
+  if (font == nullptr || text.empty()) return coverage;
+  const Surface written(TTF_RenderUTF8_Blended(font, std::string(text).c_str(), {255, 255, 255, 255}));
+  if (!written) return coverage;
+  coverage.size = {written->w, written->h};
+  for (int y = 0; y < written->h; ++y) {
+    for (int x = 0; x < written->w; ++x) {
+      coverage.alpha.push_back(static_cast<std::uint8_t>(PixelAt(*written, x, y) >> 24));
+    }
+  }
+  return coverage;
+}
+
+int Artist::TextWidth(const Face& face, std::string_view text) {
+  TTF_Font* const font = Opened(face);
+  int width = 0;
+  if (font != nullptr) TTF_SizeUTF8(font, std::string(text).c_str(), &width, nullptr);
+  return width;
+}
+
+bool Artist::SavePng(const Framebuffer& picture, const std::filesystem::path& file) {
+  const Surface surface(SDL_CreateRGBSurfaceWithFormatFrom(picture.pixels, picture.size.width,
+                                                           picture.size.height, 32, picture.pitch * 4,
+                                                           SDL_PIXELFORMAT_RGB888));
+  return surface && IMG_SavePNG(surface.get(), file.c_str()) == 0;
+}
+
+}  // namespace stage::sdl

@@ -1,0 +1,161 @@
+#include "stage/sdl/sdl_platform.h"
+
+#include <SDL.h>
+
+#include <ctime>
+#include <memory>
+#include <thread>
+#include <vector>
+
+#include "stage/sdl/keys.h"
+
+namespace stage::sdl {
+namespace {
+
+std::string TakeString(char* text) {
+  const std::unique_ptr<char, decltype(&SDL_free)> owned(text, SDL_free);
+  return owned ? std::string(owned.get()) : std::string();
+}
+
+}  // namespace
+
+SdlPlatform::Session::Session() {
+  SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
+  SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
+  SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
+  if (SDL_Init(SDL_INIT_VIDEO) != 0) throw NoDisplay(SDL_GetError());
+}
+
+SdlPlatform::Session::~Session() { SDL_Quit(); }
+
+void SdlPlatform::DestroyWindow::operator()(SDL_Window* window) const { SDL_DestroyWindow(window); }
+
+SdlPlatform::SdlPlatform(const char* title) {
+  SDL_Rect area{0, 0, 800, 600};
+  SDL_GetDisplayBounds(0, &area);
+  window_.reset(SDL_CreateWindow(title, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, area.w, area.h,
+                                 SDL_WINDOW_FULLSCREEN_DESKTOP | SDL_WINDOW_BORDERLESS |
+                                     SDL_WINDOW_ALLOW_HIGHDPI | SDL_WINDOW_MOUSE_GRABBED));
+  if (!window_ || SDL_GetWindowSurface(window_.get()) == nullptr) throw NoDisplay(SDL_GetError());
+}
+
+SdlPlatform::~SdlPlatform() = default;
+
+PixelSize SdlPlatform::DisplaySize() {
+  PixelSize size;
+  SDL_GetWindowSizeInPixels(window_.get(), &size.width, &size.height);
+  return size;
+}
+
+std::optional<Framebuffer> SdlPlatform::Canvas() {
+  const SDL_Surface* const surface = SDL_GetWindowSurface(window_.get());
+  if (surface == nullptr || surface->format->BytesPerPixel != sizeof(Pixel)) return std::nullopt;
+  return Framebuffer{{surface->w, surface->h},
+                     static_cast<Pixel*>(surface->pixels),
+                     surface->pitch / static_cast<int>(sizeof(Pixel))};
+}
+
+void SdlPlatform::Present(std::span<const PixelRect> changed) {
+  std::vector<SDL_Rect> rects;
+  for (const PixelRect& rect : changed) rects.push_back({rect.left, rect.top, rect.Width(), rect.Height()});
+  SDL_UpdateWindowSurfaceRects(window_.get(), rects.data(), static_cast<int>(rects.size()));
+}
+
+void SdlPlatform::Poll() {
+  SDL_Event event;
+  while (SDL_PollEvent(&event) != 0) {
+    auto translated = Translate(event);
+    if (!translated) continue;
+    // Of a run of moves only the last place counts.
+    const bool move = std::holds_alternative<PointerMoved>(*translated);
+    if (move && !events_.empty() && std::holds_alternative<PointerMoved>(events_.back())) events_.pop_back();
+    events_.push_back(*std::move(translated));
+  }
+}
+
+std::optional<Event> SdlPlatform::NextEvent() {
+  if (events_.empty()) Poll();
+  if (events_.empty()) return std::nullopt;
+  Event next = std::move(events_.front());
+  events_.pop_front();
+  return next;
+}
+
+std::optional<Event> SdlPlatform::Translate(const SDL_Event& event) {
+  const auto place = [this](int x, int y) {
+    PixelSize points{1, 1};
+    SDL_GetWindowSize(window_.get(), &points.width, &points.height);
+    const PixelSize pixels = DisplaySize();
+    return PointerMoved{Double(x) * pixels.width / points.width, Double(y) * pixels.height / points.height};
+  };
+  switch (event.type) {
+    case SDL_QUIT:
+      return QuitAsked{};
+    case SDL_MOUSEMOTION:
+      return place(event.motion.x, event.motion.y);
+    case SDL_MOUSEBUTTONDOWN:
+      if (event.button.button == SDL_BUTTON_LEFT) return PointerPressed{};
+      return std::nullopt;
+    case SDL_KEYDOWN:
+      return KeyPressed{CodeOf(event.key.keysym.sym), ShiftOf(event.key.keysym.mod)};
+    case SDL_KEYUP:
+      return KeyReleased{CodeOf(event.key.keysym.sym), ShiftOf(event.key.keysym.mod)};
+    case SDL_TEXTINPUT:
+      return TextTyped{event.text.text};
+    case SDL_WINDOWEVENT:
+      if (event.window.event == SDL_WINDOWEVENT_CLOSE) return CloseAsked{};
+      if (event.window.event == SDL_WINDOWEVENT_EXPOSED ||
+          event.window.event == SDL_WINDOWEVENT_SIZE_CHANGED) {
+        return DisplayChanged{};
+      }
+      return std::nullopt;
+    default:
+      return std::nullopt;
+  }
+}
+
+Moment SdlPlatform::Now() {
+  return std::chrono::duration_cast<Moment>(std::chrono::steady_clock::now() - start_);
+}
+
+void SdlPlatform::Wait(Moment until, Wake wake) {
+  if (wake == Wake::kOnTime) {
+    std::this_thread::sleep_until(start_ + until);
+    return;
+  }
+  while (events_.empty() && Now() < until) {
+    const auto left = std::chrono::floor<std::chrono::milliseconds>(until - Now());
+    if (left.count() > 0) {
+      SDL_WaitEventTimeout(nullptr, static_cast<int>(left.count()));
+    } else {
+      std::this_thread::sleep_until(start_ + until);
+    }
+    Poll();
+  }
+}
+
+Double SdlPlatform::SecondsOfDay() {
+  using std::chrono::system_clock;
+  const auto now = system_clock::now();
+  const std::time_t seconds = system_clock::to_time_t(now);
+  std::tm local{};
+  localtime_r(&seconds, &local);
+  const std::chrono::duration<Double> part = now - std::chrono::floor<std::chrono::seconds>(now);
+  return local.tm_hour * 3600.0 + local.tm_min * 60.0 + local.tm_sec + part.count();
+}
+
+void SdlPlatform::ShowPointer(bool shown) { SDL_ShowCursor(shown ? SDL_ENABLE : SDL_DISABLE); }
+
+PixelPoint SdlPlatform::PointerPlace() {
+  PixelPoint place;
+  SDL_GetMouseState(&place.x, &place.y);
+  return place;
+}
+
+void SdlPlatform::MovePointer(PixelPoint place) { SDL_WarpMouseInWindow(window_.get(), place.x, place.y); }
+
+std::string SdlPlatform::Clipboard() { return TakeString(SDL_GetClipboardText()); }
+
+std::filesystem::path SdlPlatform::ProgramFolder() { return TakeString(SDL_GetBasePath()); }
+
+}  // namespace stage::sdl

@@ -1,0 +1,66 @@
+// The machine at hand: a full-screen window, the pointer, the keyboard and the sound device.
+#pragma once
+
+#include <chrono>
+#include <deque>
+#include <memory>
+
+#include "stage/platform.h"
+#include "stage/sdl/artist.h"
+#include "stage/sdl/voice.h"
+
+struct SDL_Window;
+union SDL_Event;
+
+namespace stage::sdl {
+
+/// There is no display to show anything on.
+class NoDisplay : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+class SdlPlatform : public Platform {
+ public:
+  /// Opens the window. Raises NoDisplay. Without a sound device it plays silently.
+  explicit SdlPlatform(const char* title);
+  ~SdlPlatform() override;
+
+  ScreenSize Screen() override { return ScreenFor(DisplaySize()); }
+  PixelSize DisplaySize() override;
+  stage::Artist& Drawing() override { return artist_; }
+  std::optional<Framebuffer> Canvas() override;
+  void Present(std::span<const PixelRect> changed) override;
+  std::optional<Event> NextEvent() override;
+  void Wait(Moment until, Wake wake) override;
+  Moment Now() override;
+  Double SecondsOfDay() override;
+  void ShowPointer(bool shown) override;
+  PixelPoint PointerPlace() override;
+  void MovePointer(PixelPoint place) override;
+  void PlaySound(const std::filesystem::path& file) override { voice_.Play(file); }
+  std::string Clipboard() override;
+  std::filesystem::path ProgramFolder() override;
+
+ private:
+  struct Session {
+    Session();
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+  };
+  struct DestroyWindow {
+    void operator()(SDL_Window* window) const;
+  };
+
+  std::optional<Event> Translate(const SDL_Event& event);
+  void Poll();
+
+  std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+  Session session_;
+  std::unique_ptr<SDL_Window, DestroyWindow> window_;
+  Artist artist_;
+  Voice voice_;
+  std::deque<Event> events_;
+};
+
+}  // namespace stage::sdl

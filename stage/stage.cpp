@@ -1,0 +1,107 @@
+#include "stage/stage.h"
+
+#include <algorithm>
+
+#include "stage/dialogs.h"
+
+namespace stage {
+
+Stage::Stage(Platform& platform, std::span<const Asset> assets, std::string title)
+    : Screen(platform.Screen()),
+      Pictures(assets),
+      platform_(platform),
+      title_(std::move(title)),
+      timers_(platform),
+      painter_(platform, Screen, assets) {}
+
+void Stage::Run() {
+  while (!forms_.empty()) Wait();
+}
+
+void Stage::DoEvents() {
+  while (const auto event = platform_.NextEvent()) Dispatch(*event);
+  CloseForms();
+  timers_.RunDue();
+}
+
+void Stage::Wait() {
+  PaintNow();
+  platform_.Wait(timers_.NextBeat(), Wake::kOnInput);
+  DoEvents();
+}
+
+void Stage::End() { throw ProgramEnd{}; }
+
+void Stage::Sleep(std::chrono::milliseconds time) { platform_.Wait(platform_.Now() + time, Wake::kOnTime); }
+
+void Stage::Show(const std::shared_ptr<Form>& form, Modality modality) {
+  std::erase(forms_, form);
+  forms_.push_back(form);
+  form->shown_ = true;
+  form->Changing();
+  if (modality == kModal) modal_.push_back(form.get());
+  form->Form_Activate();
+  if (modality == kModeless) return;
+  while (form->Loaded()) Wait();
+}
+
+void Stage::Unload(Form& form) {
+  if (!form.loaded_) return;
+  form.Form_Unload();
+  form.loaded_ = false;
+  form.shown_ = false;
+  timers_.StopAllOf(form);
+  Damage(form.painted_);
+  std::erase(modal_, &form);
+  std::erase_if(forms_, [&](const auto& shown) { return shown.get() == &form; });
+}
+
+void Stage::CloseForms() {
+  while (quitting_ && !forms_.empty()) Handle(CloseAsked{});
+}
+
+void Stage::MsgBox(const std::string& text) { Show(std::make_shared<MessageForm>(*this, text), kModal); }
+
+std::string Stage::InputBox(const std::string& prompt) {
+  const auto form = std::make_shared<InputForm>(*this, prompt);
+  Show(form, kModal);
+  return form->Answer();
+}
+
+void Stage::Damage(const PixelRect& pixels) {
+  painter_.Damage(pixels);
+  Touch();
+}
+
+void Stage::PaintNow() {
+  if (!touched_) return;
+  touched_ = false;
+  painter_.Paint(forms_);
+}
+
+std::shared_ptr<const Bitmap> Stage::BitmapOf(const Picture& picture) {
+  return painter_.Made().Of(picture, painter_.View().NaturalSize(picture.natural));
+}
+
+std::string Stage::AppPath() const {
+  std::string path = platform_.ProgramFolder().generic_string();
+  if (path.size() > 1 && path.ends_with('/')) path.pop_back();
+  std::ranges::replace(path, '/', '\\');
+  return path;
+}
+
+Long Stage::ShowCursor(bool shown) {
+  cursor_counter_ = cursor_counter_ + (shown ? 1 : -1);
+  platform_.ShowPointer(cursor_counter_ >= 0);
+  return cursor_counter_;
+}
+
+void Stage::sndPlaySoundA(std::string_view file) { platform_.PlaySound(HostPath(file)); }
+
+std::filesystem::path HostPath(std::string_view name) {
+  std::string path(name);
+  std::ranges::replace(path, '\\', '/');
+  return path;
+}
+
+}  // namespace stage

@@ -1,0 +1,120 @@
+// The stage: forms, events, timers, dialogs and system services for one program.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "stage/painter.h"
+#include "stage/random.h"
+#include "stage/timer_set.h"
+
+namespace stage {
+
+/// Unwinds the program to where it was started. Thrown by Stage::End; nothing else catches it.
+struct ProgramEnd {};
+
+class Stage {
+ public:
+  Stage(Platform& platform, std::span<const Asset> assets, std::string title);
+
+  // The run.
+
+  /// Reacts to events until no form is up.
+  void Run();
+  /// Lets every event that is waiting run to its end, then returns.
+  void DoEvents();
+  /// Ends the program at once.
+  [[noreturn]] void End();
+  /// Blocks the whole program; nothing is painted and no event runs.
+  void Sleep(std::chrono::milliseconds time);
+
+  // Forms. Their names (FormName) and they themselves call these.
+
+  void Show(const std::shared_ptr<Form>& form, Modality modality);
+  void Unload(Form& form);
+  /// The form that keys go to: the last one shown of those that are up. Null if none is.
+  Form* ActiveForm() const { return forms_.empty() ? nullptr : forms_.back().get(); }
+
+  // Dialogs.
+
+  void MsgBox(const std::string& text);
+  /// The typed text, or the empty string on Cancel.
+  std::string InputBox(const std::string& prompt);
+  const std::string& Title() const { return title_; }
+
+  // Painting.
+
+  void Touch() { touched_ = true; }
+  void Damage(const PixelRect& pixels);
+  void PaintNow();
+  Painter& Painting() { return painter_; }
+  /// The picture as the display shows it at this moment, at its natural size.
+  std::shared_ptr<const Bitmap> BitmapOf(const Picture& picture);
+
+  // Services.
+
+  const ScreenSize Screen;
+  const PictureStore Pictures;
+  Random Draws;
+
+  TimerSet& Timers() { return timers_; }
+  Platform& Machine() { return platform_; }
+  /// The folder of the program, with backslashes as separators; at the root it ends in one.
+  std::string AppPath() const;
+  /// Seconds since midnight.
+  Single Timer() { return Single(platform_.SecondsOfDay()); }
+  void Randomize(Single seed) { Draws.Randomize(seed); }
+  Single Rnd() { return Draws.Rnd(); }
+  /// Adds 1 to the pointer's display counter or takes 1 off, and gives its new value. The pointer shows while
+  /// the counter is 0 or more.
+  Long ShowCursor(bool shown);
+  Long CursorCounter() const { return cursor_counter_; }
+  /// In display pixels.
+  PixelPoint GetCursorPos() { return platform_.PointerPlace(); }
+  void SetCursorPos(PixelPoint place) { platform_.MovePointer(place); }
+  /// Starts a sound file, named with backslashes, and returns at once.
+  void sndPlaySoundA(std::string_view file);
+
+ private:
+  void Wait();
+  void CloseForms();
+  void Dispatch(const Event& event);
+  void Handle(const PointerMoved& event);
+  void Handle(const PointerPressed& event);
+  void Handle(const KeyPressed& event);
+  void Handle(const KeyReleased& event);
+  void Handle(const TextTyped& event);
+  void Handle(const CloseAsked& event);
+  void Handle(const QuitAsked& event);
+  void Handle(const DisplayChanged& event);
+  std::shared_ptr<Form> FormUnderPointer() const;
+
+  Platform& platform_;
+  std::string title_;
+  TimerSet timers_;
+  Painter painter_;
+  FormList forms_;
+  std::vector<const Form*> modal_;
+  TwipPoint pointer_;
+  Long cursor_counter_ = 0;
+  bool touched_ = false;
+  bool quitting_ = false;
+};
+
+/// A file named with backslashes as the machine names it.
+std::filesystem::path HostPath(std::string_view name);
+
+template <class AForm, class Context>
+void FormName<AForm, Context>::Load() {
+  if (Loaded()) return;
+  form_ = std::make_shared<AForm>(context_);
+  form_->Form_Load();
+}
+
+template <class AForm, class Context>
+void FormName<AForm, Context>::Show(Modality modality) {
+  Load();
+  if (Loaded()) stage_.Show(form_, modality);
+}
+
+}  // namespace stage

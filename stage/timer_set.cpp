@@ -1,0 +1,58 @@
+#include "stage/timer_set.h"
+
+#include <algorithm>
+
+namespace stage {
+namespace {
+
+constexpr Moment kLongestWait = std::chrono::hours(1);
+
+Moment BeatAtOrBefore(Moment moment) { return moment / kBeat * kBeat; }
+Moment BeatAtOrAfter(Moment moment) { return BeatAtOrBefore(moment + kBeat - Moment{1}); }
+
+}  // namespace
+
+void TimerSet::RunDue() {
+  const Moment beat = BeatAtOrBefore(platform_.Now());
+  while (Timer* const timer = Next(beat)) Run(*timer, beat);
+}
+
+Timer* TimerSet::Next(Moment beat) {
+  while (only_) {
+    const auto free = std::ranges::find_if(*only_, [](const Timer* timer) { return !timer->Ticking(); });
+    if (free == only_->end()) return nullptr;
+    Timer* const timer = *free;
+    only_->erase(free);
+    if (timer->Enabled) return timer;
+  }
+  const auto due = std::ranges::find_if(
+      timers_, [&](const Timer* timer) { return timer->Waiting() && timer->DueAt() <= beat; });
+  return due == timers_.end() ? nullptr : *due;
+}
+
+void TimerSet::Run(Timer& timer, Moment beat) {
+  const auto outer = std::exchange(beat_, beat);
+  struct Restore {
+    ~Restore() { place = outer; }
+    std::optional<Moment>& place;
+    const std::optional<Moment>& outer;
+  } const restore{beat_, outer};
+  timer.RunTick(beat);
+}
+
+void TimerSet::StopAllOf(const Form& form) {
+  for (Timer* timer : timers_) {
+    if (&timer->Owner() == &form) timer->Enabled = false;
+  }
+}
+
+Moment TimerSet::NextBeat() const {
+  const Moment now = platform_.Now();
+  Moment next = now + kLongestWait;
+  for (const Timer* timer : timers_) {
+    if (timer->Waiting()) next = std::min(next, timer->DueAt());
+  }
+  return BeatAtOrAfter(std::max(next, now + Moment{1}));
+}
+
+}  // namespace stage

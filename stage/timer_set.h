@@ -1,0 +1,56 @@
+// The timers of all forms and the beats on which they tick.
+#pragma once
+
+#include <deque>
+#include <optional>
+#include <vector>
+
+#include "stage/timer.h"
+
+namespace stage {
+
+/// The usual beat of a desktop's system clock.
+inline constexpr Moment kBeat{15625};
+
+class TimerSet {
+ public:
+  explicit TimerSet(Platform& platform) : platform_(platform) {}
+
+  void Add(Timer& timer) { timers_.push_back(&timer); }
+  void Remove(const Timer& timer) { std::erase(timers_, &timer); }
+  void StopAllOf(const Form& form);
+
+  /// Ticks every timer whose wait is over at the last beat.
+  void RunDue();
+  /// The beat on which the next timer comes due; at the latest an hour from now.
+  Moment NextBeat() const;
+  /// The moment that what happens now counts from: the beat inside a tick, the clock elsewhere.
+  Moment Present() const { return beat_ ? *beat_ : platform_.Now(); }
+  /// An event from outside runs, also when a tick is under way.
+  class Outside {
+   public:
+    explicit Outside(TimerSet& set) : set_(set), beat_(std::exchange(set.beat_, std::nullopt)) {}
+    ~Outside() { set_.beat_ = beat_; }
+    Outside(const Outside&) = delete;
+    Outside& operator=(const Outside&) = delete;
+
+   private:
+    TimerSet& set_;
+    std::optional<Moment> beat_;
+  };
+
+  /// For repeatable play: only these tick from now on, once each, in this order, due or not. Nothing lifts
+  /// that.
+  void Only(std::optional<std::deque<Timer*>> timers) { only_ = std::move(timers); }
+
+ private:
+  Timer* Next(Moment beat);
+  void Run(Timer& timer, Moment beat);
+
+  Platform& platform_;
+  std::vector<Timer*> timers_;
+  std::optional<Moment> beat_;
+  std::optional<std::deque<Timer*>> only_;
+};
+
+}  // namespace stage
