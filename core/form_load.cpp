@@ -8,27 +8,39 @@
 
 namespace korvane {
 
+// A statement that fails is skipped. Only the statements that can fail are run so.
 void game::Form_Load() {
   std::string& AppPath = Module1.AppPath;
-  ResumeNext([&] { AppPath = Palco.AppPath(); },
-             [&] {
-               if (AppPath.ends_with('\\')) AppPath.pop_back();
-             },
-             [&] { Getrecords(Module1); }, [&] { paused = false; }, [&] { Vidas = 3; },
-             [&] { FaseAtual = 1; }, [&] { Module1.BolaAtual = 0; }, [&] { BonusCaindo = -1; },
-             [&] { Magnetico = false; }, [&] { ball.Picture = Imageball(Module1.BolaAtual).Picture; },
-             [&] { Caminho = Palco.AppPath(); }, [&] { EscondeCursor(Palco); }, [&] { BolaPresa = true; },
-             [&] { Top = 0; }, [&] { Left = 0; }, [&] { Width = Palco.Screen.Width; },
-             [&] { Height = Palco.Screen.Height; });
+  AppPath = Palco.AppPath();
+  if (AppPath.ends_with('\\')) AppPath.pop_back();
+  ResumeNext([&] { Getrecords(Module1); });
+  paused = false;
+  Vidas = 3;
+  FaseAtual = 1;
+  Module1.BolaAtual = 0;
+  BonusCaindo = -1;
+  Magnetico = false;
+  ball.Picture = Imageball(Module1.BolaAtual).Picture;
+  Caminho = Palco.AppPath();
+  EscondeCursor(Palco);
+  BolaPresa = true;
+  Top = 0;
+  Left = 0;
+  Width = Palco.Screen.Width;
+  Height = Palco.Screen.Height;
   DispoeBarra();
   DispoeVidas();
   DispoeRotulos();
   DimensionaUser();
-  ResumeNext([&] { Serie = 0; }, [&] { ProximoBox = 1; }, [&] { loadup(1); });
+  Serie = 0;
+  ProximoBox = 1;
+  ResumeNext([&] { loadup(1); });
   LeVelocidade();
-  ResumeNext([&] { programa.game.Show(); }, [&] { paused = true; },
-             [&] { programa.FrmHelp.Show(stage::kModal); }, [&] { paused = false; },
-             [&] { Timer_Move.Enabled = true; });
+  programa.game.Show();
+  paused = true;
+  ResumeNext([&] { programa.FrmHelp.Show(stage::kModal); });
+  paused = false;
+  Timer_Move.Enabled = true;
 }
 
 void game::DispoeBarra() {
@@ -41,10 +53,13 @@ void game::DispoeVidas() {
   life(1).Top = Single(statusbar.Top + statusbar.Height + 120);
   life(1).Left = 100;
   for (Integer i = 2; i <= 5; i = i + 1) {
-    ResumeNext([&] { life.Load(i); }, [&] { life(i).ZOrder(0); }, [&] { life(i).Top = life(1).Top; },
-               [&] { life(i).Left = Single(life(i - 1).Left + life(i - 1).Width + 100); },
-               [&] { life(i).Width = User.Width; }, [&] { life(i).Height = User.Height; },
-               [&] { life(i).Picture = life(1).Picture; });
+    life.Load(i);
+    life(i).ZOrder(0);
+    life(i).Top = life(1).Top;
+    life(i).Left = Single(life(i - 1).Left + life(i - 1).Width + 100);
+    life(i).Width = User.Width;
+    life(i).Height = User.Height;
+    life(i).Picture = life(1).Picture;
   }
   ExibeVidas(Vidas);
 }
@@ -64,22 +79,23 @@ void game::DispoeRotulos() {
 void game::DimensionaUser() {
   ResumeNext([&] { User.Height = Single(Redimensionar("height", CInt(User.Height))); },
              [&] { User.Width = Single(Redimensionar("width", CInt(User.Width))); },
-             [&] { LarguraBase = CInt(User.Width); }, [&] { Image1.Height = User.Height; },
-             [&] { Image1.Width = User.Width; }, [&] { TamanhoUser = 2; },
-             [&] { Box(0).Height = Single(Redimensionar("height", CInt(Box(0).Height))); },
-             [&] { Box(0).Width = Single(Redimensionar("width", CInt(Box(0).Width))); },
-             [&] { User.Left = Single(Width / 2 - User.Width / 2); },
-             [&] { User.Top = Single(statusbar.Top - (User.Height + User.Height)); });
+             [&] { LarguraBase = CInt(User.Width); });
+  Image1.Height = User.Height;
+  Image1.Width = User.Width;
+  TamanhoUser = 2;
+  ResumeNext([&] { Box(0).Height = Single(Redimensionar("height", CInt(Box(0).Height))); },
+             [&] { Box(0).Width = Single(Redimensionar("width", CInt(Box(0).Width))); });
+  User.Left = Single(Width / 2 - User.Width / 2);
+  User.Top = Single(statusbar.Top - (User.Height + User.Height));
 }
 
 void game::LeVelocidade() {
   constexpr int kVelocidadeNormal = 300;
   Integer& Vkorv = Module1.Vkorv;
-  ResumeNext([&] { Vkorv = CInt(Val(LeIni("SETUP", "Vkorv", Module1.AppPath + "\\config.ini"))); },
-             [&] {
-               if (Vkorv == 0) Vkorv = kVelocidadeNormal;
-             },
-             [&] { VelX = 0; }, [&] { VelY = -Vkorv; });
+  ResumeNext([&] { Vkorv = CInt(Val(LeIni("SETUP", "Vkorv", Module1.AppPath + "\\config.ini"))); });
+  if (Vkorv == 0) Vkorv = kVelocidadeNormal;
+  VelX = 0;
+  VelY = -Vkorv;
 }
 
 void game::Form_Unload() {

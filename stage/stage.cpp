@@ -79,6 +79,12 @@ void Stage::PaintNow() {
   painter_.Paint(forms_);
 }
 
+void Stage::Repaint() {
+  painter_.Forget();
+  Touch();
+  PaintNow();
+}
+
 std::shared_ptr<const Bitmap> Stage::BitmapOf(const Picture& picture) {
   return painter_.Made().Of(picture, painter_.View().NaturalSize(picture.natural));
 }

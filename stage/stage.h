@@ -47,6 +47,8 @@ class Stage {
   void Touch() { touched_ = true; }
   void Damage(const PixelRect& pixels);
   void PaintNow();
+  /// Paints everything anew.
+  void Repaint();
   Painter& Painting() { return painter_; }
   /// The picture as the display shows it at this moment, at its natural size.
   std::shared_ptr<const Bitmap> BitmapOf(const Picture& picture);

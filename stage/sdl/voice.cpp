@@ -2,6 +2,8 @@
 
 #include <SDL.h>
 #include <SDL_mixer.h>
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace stage::sdl {
 namespace {
@@ -10,26 +12,53 @@ constexpr int kRate = 44100;
 constexpr int kBufferFrames = 512;
 constexpr int kChannel = 0;
 
+/// The sound library below SDL complains on stderr about machines without a sound device.
+class Quiet {
+ public:
+  Quiet() : stderr_(dup(STDERR_FILENO)) {
+    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    dup2(nowhere, STDERR_FILENO);
+    close(nowhere);
+  }
+  ~Quiet() {
+    dup2(stderr_, STDERR_FILENO);
+    close(stderr_);
+  }
+  Quiet(const Quiet&) = delete;
+  Quiet& operator=(const Quiet&) = delete;
+
+ private:
+  int stderr_;
+};
+
+bool OpenDevice() {
+  const Quiet quiet;
+  return SDL_InitSubSystem(SDL_INIT_AUDIO) == 0 && Mix_OpenAudio(kRate, AUDIO_S16SYS, 1, kBufferFrames) == 0;
+}
+
 }  // namespace
 
-void Voice::FreeChunk::operator()(Mix_Chunk* chunk) const { Mix_FreeChunk(chunk); }
+Voice::Voice() : opening_(std::async(std::launch::async, OpenDevice)) {}
 
 Voice::~Voice() {
-  if (device_ != Device::kOpen) return;
+  if (opening_.valid()) open_ = opening_.get();
+  if (!open_) return;
   Mix_HaltChannel(-1);
   sounds_.clear();
   Mix_CloseAudio();
 }
 
-void Voice::Open() {
-  const bool open =
-      SDL_InitSubSystem(SDL_INIT_AUDIO) == 0 && Mix_OpenAudio(kRate, AUDIO_S16SYS, 1, kBufferFrames) == 0;
-  device_ = open ? Device::kOpen : Device::kMissing;
+void Voice::FreeChunk::operator()(Mix_Chunk* chunk) const { Mix_FreeChunk(chunk); }
+
+bool Voice::Ready() {
+  if (opening_.valid() && opening_.wait_for(std::chrono::seconds(0)) == std::future_status::ready) {
+    open_ = opening_.get();
+  }
+  return open_;
 }
 
 void Voice::Play(const std::filesystem::path& file) {
-  if (device_ == Device::kUnopened) Open();
-  if (device_ == Device::kMissing) return;
+  if (!Ready()) return;
   const auto [sound, fresh] = sounds_.try_emplace(file.string());
   if (fresh) sound->second.reset(Mix_LoadWAV(file.c_str()));
   if (sound->second) Mix_PlayChannel(kChannel, sound->second.get(), 0);

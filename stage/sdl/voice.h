@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <future>
 #include <map>
 #include <memory>
 #include <string>
@@ -10,11 +11,12 @@ struct Mix_Chunk;
 
 namespace stage::sdl {
 
-/// Plays one sound at a time; a new one cuts off the old. Every file is read once. Without a device, or with
-/// a file that cannot be played, there is silence. The device is opened at the first sound.
+/// Plays one sound at a time; a new one cuts off the old. Every file is read once. Without a device, or with a
+/// file that cannot be played, there is silence. Devices can take their time to open, so that is done beside the
+/// start of the program.
 class Voice {
  public:
-  Voice() = default;
+  Voice();
   Voice(const Voice&) = delete;
   Voice& operator=(const Voice&) = delete;
   ~Voice();
@@ -25,10 +27,10 @@ class Voice {
   struct FreeChunk {
     void operator()(Mix_Chunk* chunk) const;
   };
-  enum class Device { kUnopened, kOpen, kMissing };
-  void Open();
+  bool Ready();
 
-  Device device_ = Device::kUnopened;
+  std::future<bool> opening_;
+  bool open_ = false;
   std::map<std::string, std::unique_ptr<Mix_Chunk, FreeChunk>> sounds_;
 };
 
