@@ -13,9 +13,10 @@ struct OwnerOf<void (Owner::*)(Values...)> {
   using type = Owner;
 };
 
-/// `OnSet` is a member function of the owner, called before the value is stored, with the coming value if it
-/// asks for one; what it raises leaves the old value in place. Reading gives a `Read`: a Single reads as
-/// Double, so that sums run in double precision and are rounded where they are stored.
+/// `OnSet` is a member function of the owner, called before the value is stored. If it takes the coming value
+/// it is called at every assignment, and what it raises leaves the old value in place; if it takes none it is
+/// called only when the value changes. Reading gives a `Read`: a Single reads as Double, so that sums run in
+/// double precision and are rounded where they are stored.
 template <class Value, auto OnSet, class Read = Value>
 class Property {
   using Owner = typename OwnerOf<decltype(OnSet)>::type;
@@ -28,7 +29,7 @@ class Property {
   Property& operator=(const Value& value) {
     if constexpr (std::is_invocable_v<decltype(OnSet), Owner*, const Value&>) {
       (owner_->*OnSet)(value);
-    } else {
+    } else if (!(value_ == value)) {
       (owner_->*OnSet)();
     }
     value_ = value;

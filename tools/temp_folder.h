@@ -38,6 +38,8 @@ class TempFolder {
 };
 
 /// The folder that the running program lies in.
-inline std::filesystem::path OwnFolder() { return std::filesystem::read_symlink("/proc/self/exe").parent_path(); }
+inline std::filesystem::path OwnFolder() {
+  return std::filesystem::read_symlink("/proc/self/exe").parent_path();
+}
 
 }  // namespace tools

@@ -12,6 +12,8 @@
 namespace stage::sdl {
 namespace {
 
+constexpr Moment kPollInterval = std::chrono::milliseconds(2);
+
 std::string TakeString(char* text) {
   const std::unique_ptr<char, decltype(&SDL_free)> owned(text, SDL_free);
   return owned ? std::string(owned.get()) : std::string();
@@ -23,7 +25,11 @@ SdlPlatform::Session::Session() {
   SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
   SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
   SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
-  if (SDL_Init(SDL_INIT_VIDEO) != 0) throw NoDisplay(SDL_GetError());
+  // Left to itself SDL falls back on a picture that nobody sees; and asking for Wayland where there is none
+  // makes its library complain.
+  const bool wayland = SDL_getenv("WAYLAND_DISPLAY") != nullptr;
+  SDL_SetHint(SDL_HINT_VIDEODRIVER, wayland ? "x11,wayland,KMSDRM" : "x11,KMSDRM");
+  if (SDL_Init(SDL_INIT_VIDEO) != 0) throw NoDisplay("no display to play on");
 }
 
 SdlPlatform::Session::~Session() { SDL_Quit(); }
@@ -62,6 +68,7 @@ void SdlPlatform::Present(std::span<const PixelRect> changed) {
 }
 
 void SdlPlatform::Poll() {
+  polled_ = Now();
   SDL_Event event;
   while (SDL_PollEvent(&event) != 0) {
     auto translated = Translate(event);
@@ -74,7 +81,8 @@ void SdlPlatform::Poll() {
 }
 
 std::optional<Event> SdlPlatform::NextEvent() {
-  if (events_.empty()) Poll();
+  // A beat asks many times over whether something is waiting; the system is asked only now and then.
+  if (events_.empty() && Now() - polled_ > kPollInterval) Poll();
   if (events_.empty()) return std::nullopt;
   Event next = std::move(events_.front());
   events_.pop_front();
@@ -124,12 +132,8 @@ void SdlPlatform::Wait(Moment until, Wake wake) {
     return;
   }
   while (events_.empty() && Now() < until) {
-    const auto left = std::chrono::floor<std::chrono::milliseconds>(until - Now());
-    if (left.count() > 0) {
-      SDL_WaitEventTimeout(nullptr, static_cast<int>(left.count()));
-    } else {
-      std::this_thread::sleep_until(start_ + until);
-    }
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(until - Now());
+    SDL_WaitEventTimeout(nullptr, static_cast<int>(left.count()));
     Poll();
   }
 }

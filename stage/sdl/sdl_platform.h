@@ -61,6 +61,7 @@ class SdlPlatform : public Platform {
   Artist artist_;
   Voice voice_;
   std::deque<Event> events_;
+  Moment polled_{};
 };
 
 }  // namespace stage::sdl

@@ -33,7 +33,10 @@ class Quiet {
 
 bool OpenDevice() {
   const Quiet quiet;
-  return SDL_InitSubSystem(SDL_INIT_AUDIO) == 0 && Mix_OpenAudio(kRate, AUDIO_S16SYS, 1, kBufferFrames) == 0;
+  if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return false;
+  if (Mix_OpenAudio(kRate, AUDIO_S16SYS, 1, kBufferFrames) == 0) return true;
+  SDL_QuitSubSystem(SDL_INIT_AUDIO);
+  return false;
 }
 
 }  // namespace

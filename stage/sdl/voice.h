@@ -11,9 +11,9 @@ struct Mix_Chunk;
 
 namespace stage::sdl {
 
-/// Plays one sound at a time; a new one cuts off the old. Every file is read once. Without a device, or with a
-/// file that cannot be played, there is silence. Devices can take their time to open, so that is done beside the
-/// start of the program.
+/// Plays one sound at a time; a new one cuts off the old. Every file is read once. Without a device, or with
+/// a file that cannot be played, there is silence. Devices can take their time to open, so that is done
+/// beside the start of the program.
 class Voice {
  public:
   Voice();

@@ -21,7 +21,8 @@ using stage::Single;
 Double ToNumber(std::string_view text) {
   Double value = 0;
   const auto end = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (end.ec != std::errc() || end.ptr != text.data() + text.size()) Refuse("not a number: " + std::string(text));
+  if (end.ec != std::errc() || end.ptr != text.data() + text.size())
+    Refuse("not a number: " + std::string(text));
   return value;
 }
 
@@ -68,7 +69,9 @@ std::string AllOf(korvane::Vetor<Value, Count>& values) {
   return list.Done();
 }
 
-std::string PictureName(stage::PictureRef picture) { return picture == nullptr ? "" : std::string(picture->name); }
+std::string PictureName(stage::PictureRef picture) {
+  return picture == nullptr ? "" : std::string(picture->name);
+}
 
 std::string ImageState(const stage::Control& control) {
   JsonGroup group('{');
@@ -102,9 +105,12 @@ std::optional<Indexed> SplitIndex(std::string_view text) {
 }  // namespace
 
 Names::Names(game& form) : form_(form) {
-  timers_ = {{"Timer_Move", &form.Timer_Move},           {"Timer_Move2", &form.Timer_Move2},
-             {"Timer2", &form.Timer2},                   {"TimerDescebonus", &form.TimerDescebonus},
-             {"TimerBonusParado", &form.TimerBonusParado}, {"TimerPisca", &form.TimerPisca},
+  timers_ = {{"Timer_Move", &form.Timer_Move},
+             {"Timer_Move2", &form.Timer_Move2},
+             {"Timer2", &form.Timer2},
+             {"TimerDescebonus", &form.TimerDescebonus},
+             {"TimerBonusParado", &form.TimerBonusParado},
+             {"TimerPisca", &form.TimerPisca},
              {"timerDefine", &form.timerDefine}};
   AddGame();
   AddShared();
@@ -237,8 +243,9 @@ Name Names::ElementOf(std::string_view array, Integer index) const {
 stage::Control* Names::FindControl(std::string_view name) const {
   game& g = form_;
   const std::pair<const char*, stage::Control*> controls[] = {
-      {"ball", &g.ball},     {"User", &g.User},           {"Imgbonus", &g.Imgbonus}, {"statusbar", &g.statusbar},
-      {"Label2", &g.Label2}, {"LabelPontos", &g.LabelPontos}, {"Image1", &g.Image1}};
+      {"ball", &g.ball},           {"User", &g.User},     {"Imgbonus", &g.Imgbonus},
+      {"statusbar", &g.statusbar}, {"Label2", &g.Label2}, {"LabelPontos", &g.LabelPontos},
+      {"Image1", &g.Image1}};
   for (const auto& [known, control] : controls) {
     if (known == name) return control;
   }
@@ -256,7 +263,8 @@ Name Names::PropertyOf(std::string_view owner, std::string_view property) const 
   stage::Form& form = form_;
   if (owner == "game" && property == "Width") return PropertyName(name, form.Width);
   if (owner == "game" && property == "Height") return PropertyName(name, form.Height);
-  if (owner == "game" && property == "ScaleHeight") return {name, [&form] { return ToJson(form.ScaleHeight()); }};
+  if (owner == "game" && property == "ScaleHeight")
+    return {name, [&form] { return ToJson(form.ScaleHeight()); }};
   if (stage::Timer* const timer = FindTimer(owner)) {
     if (property == "Enabled") return PropertyName(name, timer->Enabled);
     if (property == "Interval") return PropertyName(name, timer->Interval);

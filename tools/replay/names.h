@@ -13,8 +13,9 @@ namespace replay {
 /// A value with a name. What cannot be written has no `write`.
 struct Name {
   std::string name;
-  std::function<std::string()> read;                    // as JSON
-  std::function<void(std::string_view)> write = nullptr;  // raises std::runtime_error for text that does not fit
+  std::function<std::string()> read;  // as JSON
+  std::function<void(std::string_view)> write =
+      nullptr;  // raises std::runtime_error for text that does not fit
 };
 
 /// All names of one game: its variables, its controls and their properties, its timers.
@@ -24,8 +25,8 @@ class Names {
 
   /// Names that belong to a whole state, in its order.
   const std::vector<Name>& Parts() const { return parts_; }
-  /// Raises std::runtime_error if there is no such name. Knows also what a whole state does not tell by itself:
-  /// single elements and single properties.
+  /// Raises std::runtime_error if there is no such name. Knows also what a whole state does not tell by
+  /// itself: single elements and single properties.
   Name Find(std::string_view name) const;
   stage::Timer* FindTimer(std::string_view name) const;
 

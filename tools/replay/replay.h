@@ -18,7 +18,8 @@ namespace replay {
 /// A line of the script that cannot be done.
 class ScriptError : public std::runtime_error {
  public:
-  ScriptError(int line, const std::string& why) : runtime_error("line " + std::to_string(line) + ": " + why) {}
+  ScriptError(int line, const std::string& why)
+      : runtime_error("line " + std::to_string(line) + ": " + why) {}
 };
 
 class Replay {

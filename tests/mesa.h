@@ -1,0 +1,76 @@
+// A program ready to play, for tests: started, the help screen closed, the ball held. Nothing runs by itself.
+#pragma once
+
+#include <fstream>
+#include <map>
+
+#include "assets/assets.h"
+#include "core/game.h"
+#include "stage/scripted_platform.h"
+#include "stage/sdl/artist.h"
+#include "tools/temp_folder.h"
+
+namespace tests {
+
+using namespace korvane;
+
+inline void WriteFile(const std::filesystem::path& file, std::string_view bytes) {
+  std::filesystem::create_directories(file.parent_path());
+  std::ofstream(file, std::ios::binary) << bytes;
+}
+
+inline std::string ReadFile(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+/// One normal block far from the ball's way, no bonuses.
+inline constexpr const char* kQuietLevel = "pisca,0,500,10,0\r\n600,11000,250,480,5\r\n";
+
+class Mesa {
+ public:
+  /// Files of the program's folder by name. Without any there is one quiet level.
+  explicit Mesa(const std::map<std::string, std::string>& files = {{"levels/1.sav", kQuietLevel}},
+                stage::ScreenSize screen = {}) {
+    for (const auto& [name, content] : files) WriteFile(folder.Path() / name, content);
+    setup_.screen = screen;
+    setup_.folder = folder.Path();
+    platform.emplace(setup_, artist);
+    programa.emplace(*platform, Assets());
+    platform->Director = [this] {
+      if (programa->Palco.ActiveForm()->Name() == "game") throw Ready{};
+      Press(27);
+    };
+    try {
+      programa->Corre();
+    } catch (const Ready&) {
+      platform->Director = nullptr;
+    }
+  }
+
+  game& Jogo() { return *programa->game.Last(); }
+  stage::Stage& Palco() { return programa->Palco; }
+  std::string FormName() { return Palco().ActiveForm() == nullptr ? "" : Palco().ActiveForm()->Name(); }
+
+  /// A key goes down; what waits is done at the next beat, or by the loop that runs.
+  void Press(int code, int shift = 0) { platform->Send(stage::KeyPressed{code, shift}); }
+  void Type(const std::string& text) { platform->Send(stage::TextTyped{text}); }
+  void Do() { Palco().DoEvents(); }
+  void Beats(int count) {
+    for (int i = 0; i < count; ++i) {
+      platform->PassTo(stage::kBeat);
+      Do();
+    }
+  }
+
+  tools::TempFolder folder;
+  stage::sdl::Artist artist;
+  std::optional<stage::ScriptedPlatform> platform;
+  std::optional<Programa> programa;
+
+ private:
+  struct Ready {};
+  stage::ScriptedSetup setup_;
+};
+
+}  // namespace tests

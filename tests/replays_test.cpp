@@ -1,0 +1,78 @@
+// Plays every script under tests/replays and holds what it prints against the lines of the script that begin
+// with
+// "#=". "#level N RECORD..." gives the run a level of its own, "#file NAME TEXT" any other file.
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "tests/mesa.h"
+#include "tools/replay/replay.h"
+
+namespace {
+
+std::string Unescaped(std::string text) {
+  for (std::size_t at = 0; (at = text.find("\\n", at)) != std::string::npos;) text.replace(at, 2, "\n");
+  return text;
+}
+
+struct Script {
+  std::string text;
+  std::vector<std::string> expected;
+};
+
+Script ReadScript(const std::filesystem::path& file, const std::filesystem::path& folder) {
+  Script script;
+  bool own_folder = false;
+  std::istringstream lines(tests::ReadFile(file));
+  for (std::string line; std::getline(lines, line); script.text += line + '\n') {
+    std::istringstream words(line);
+    std::string verb;
+    std::string name;
+    words >> verb;
+    if (verb == "#=") script.expected.push_back(line.substr(3));
+    if (verb != "#level" && verb != "#file") continue;
+    own_folder = true;
+    words >> name;
+    std::string content;
+    if (verb == "#level") {
+      for (std::string record; words >> record;) content += record + "\r\n";
+      name = "levels/" + name + ".sav";
+    } else {
+      std::getline(words >> std::ws, content);
+      content = Unescaped(content);
+    }
+    tests::WriteFile(folder / name, content);
+  }
+  if (own_folder) script.text = "folder " + folder.string() + '\n' + script.text;
+  return script;
+}
+
+class Replays : public testing::TestWithParam<std::filesystem::path> {};
+
+TEST_P(Replays, PrintsWhatItMust) {
+  const tools::TempFolder folder;
+  const Script script = ReadScript(GetParam(), folder.Path());
+  ASSERT_FALSE(script.expected.empty());
+  std::istringstream input(script.text);
+  std::ostringstream output;
+  replay::Replay(input, output, tools::OwnFolder()).Run();
+  std::vector<std::string> printed;
+  std::istringstream lines(output.str());
+  for (std::string line; std::getline(lines, line);) printed.push_back(line);
+  ASSERT_EQ(printed.size(), script.expected.size());
+  for (std::size_t i = 0; i < printed.size(); ++i)
+    EXPECT_EQ(printed[i], script.expected[i]) << "answer " << i + 1;
+}
+
+std::vector<std::filesystem::path> AllScripts() {
+  std::vector<std::filesystem::path> files;
+  for (const auto& entry : std::filesystem::directory_iterator(KORVANE_REPLAYS))
+    files.push_back(entry.path());
+  std::ranges::sort(files);
+  return files;
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Replays, testing::ValuesIn(AllScripts()),
+                         [](const auto& script) { return script.param.stem().string(); });
+
+}  // namespace
