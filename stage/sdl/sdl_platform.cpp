@@ -27,7 +27,8 @@ SdlPlatform::Session::Session() {
   SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
   // Left to itself SDL falls back on a picture that nobody sees; and asking for Wayland where there is none
   // makes its library complain.
-  const bool wayland = SDL_getenv("WAYLAND_DISPLAY") != nullptr;
+  const char* const wayland_display = SDL_getenv("WAYLAND_DISPLAY");
+  const bool wayland = wayland_display != nullptr && *wayland_display != '\0';
   SDL_SetHint(SDL_HINT_VIDEODRIVER, wayland ? "x11,wayland,KMSDRM" : "x11,KMSDRM");
   if (SDL_Init(SDL_INIT_VIDEO) != 0) throw NoDisplay("no display to play on");
 }

@@ -1,0 +1,138 @@
+// The real program in a real window, played with the real pointer and keys and watched from outside.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <csignal>
+#include <fstream>
+#include <thread>
+
+#include "tests/window/desktop.h"
+#include "tools/temp_folder.h"
+
+namespace tests {
+namespace {
+
+bool IsWhite(const Colour& colour) { return colour[0] > 200 && colour[1] > 200 && colour[2] > 200; }
+bool IsLit(const Colour& colour) { return colour[0] + colour[1] + colour[2] > 90; }
+bool IsYellow(const Colour& colour) { return colour[0] > 200 && colour[1] > 200 && colour[2] < 60; }
+
+/// The game in a folder of its own on a display of its own. All places are in pixels of 800 x 600.
+class Window : public testing::Test {
+ protected:
+  static constexpr int kPaddleTop = 512;
+  static constexpr int kBlocksBottom = 250;
+
+  Window() {
+    std::filesystem::copy(tools::OwnFolder() / "korvane", folder_.Path() / "korvane");
+    std::filesystem::create_directory(folder_.Path() / "levels");
+    // One block over the middle, where a straight ball meets it.
+    std::ofstream(folder_.Path() / "levels" / "1.sav")
+        << "pisca,0,500,10,0\n600,400,250,480,1\n2000,5000,250,2000,5\n";
+  }
+
+  Process Start() { return Process({Program()}, desktop_.Environment(), folder_.Path() / "errors"); }
+  std::string Program() const { return (folder_.Path() / "korvane").string(); }
+  std::string Content(const char* name) const {
+    std::ifstream stream(folder_.Path() / name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+  }
+  /// The bar under the field is up, so the play form is seen.
+  bool FieldIsUp() const { return desktop_.Look().Find(400, 540, 401, 565, IsLit).count > 5; }
+  bool TableIsUp() const {
+    return desktop_.Look().Find(300, 190, 620, 520, IsLit).count > 20 && !FieldIsUp();
+  }
+  bool SomethingIsUp() const { return desktop_.Look().Find(0, 0, 800, 600, IsLit).count > 500; }
+  Screenshot::Found Ball() const { return desktop_.Look().Find(0, kBlocksBottom, 800, kPaddleTop, IsWhite); }
+  void CloseHelp() {
+    ASSERT_TRUE(Eventually([&] { return SomethingIsUp(); }));
+    ASSERT_TRUE(Eventually([&] {
+      if (FieldIsUp()) return true;
+      desktop_.Hand("key F1");
+      std::this_thread::sleep_for(std::chrono::milliseconds(300));
+      return FieldIsUp();
+    }));
+  }
+
+  Desktop desktop_{800, 600};
+  tools::TempFolder folder_;
+};
+
+TEST_F(Window, PaddleAndBallGoWhereTheHandSends) {
+  Process game = Start();
+  CloseHelp();
+  for (const int x : {200, 555, 300}) {
+    desktop_.Hand("mousemove " + std::to_string(x) + " 300");
+    EXPECT_TRUE(Eventually([&] {
+      const auto paddle = desktop_.Look().Find(0, kPaddleTop, 800, kPaddleTop + 15, IsLit);
+      return std::abs(paddle.left - x) <= 2 && std::abs(Ball().x - (x + 32)) <= 2;
+    })) << "pointer at "
+        << x;
+  }
+  const auto held = Ball();
+  EXPECT_NEAR(held.y, kPaddleTop - 8, 2);
+  desktop_.Hand("click 1");
+  EXPECT_TRUE(Eventually([&] {
+    const auto ball = Ball();
+    return ball.count > 0 && ball.y < held.y - 100;
+  }));
+  desktop_.Hand("key Escape");
+  EXPECT_TRUE(Eventually([&] { return TableIsUp(); }));
+  desktop_.Hand("key Escape");
+  EXPECT_EQ(game.WaitForEnd(), 0);
+  EXPECT_EQ(Content("errors"), "");
+}
+
+TEST_F(Window, SignalsEndTheGameInOrder) {
+  for (const int signal : {SIGTERM, SIGINT}) {
+    Process game = Start();
+    ASSERT_TRUE(Eventually([&] { return SomethingIsUp(); }));
+    game.Signal(signal);
+    EXPECT_EQ(game.WaitForEnd(), 0);
+  }
+}
+
+TEST_F(Window, WithoutADisplayThereIsOneLine) {
+  Process game({Program()}, {"DISPLAY=", "WAYLAND_DISPLAY="}, folder_.Path() / "errors");
+  EXPECT_EQ(game.WaitForEnd(), 1);
+  const std::string errors = Content("errors");
+  EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << errors;
+}
+
+TEST_F(Window, ARecordIsMadeAndKept) {
+  {
+    Process game = Start();
+    CloseHelp();
+    desktop_.Hand("mousemove 400 300");
+    desktop_.Hand("click 1");
+    EXPECT_TRUE(Eventually([&] { return Content("config.ini").starts_with("[SETUP]\r\nVkorv="); }));
+    // The paddle goes to the wall and the ball is lost, three times.
+    bool entered = Eventually([&] {
+      desktop_.Hand("mousemove 5 300 click 1 mousemove 790 300");
+      std::this_thread::sleep_for(std::chrono::milliseconds(700));
+      return !FieldIsUp();
+    });
+    ASSERT_TRUE(entered);
+    desktop_.Hand("type --delay 60 José,");
+    desktop_.Hand("key Return");
+    EXPECT_TRUE(Eventually([&] { return Content("kv_his.dat").starts_with("\"Jos\xE9,\"\r\n"); }));
+    EXPECT_TRUE(Eventually([&] { return desktop_.Look().Find(250, 150, 700, 260, IsYellow).count > 50; }));
+    desktop_.Hand("key Escape");
+    EXPECT_TRUE(Eventually([&] { return FieldIsUp(); }));
+    desktop_.Hand("key Escape");
+    EXPECT_TRUE(Eventually([&] { return TableIsUp(); }));
+    desktop_.Hand("key Escape");
+    EXPECT_EQ(game.WaitForEnd(), 0);
+  }
+  const std::string records = Content("kv_his.dat");
+  Process again = Start();
+  CloseHelp();
+  desktop_.Hand("key Escape");
+  EXPECT_TRUE(Eventually([&] { return TableIsUp(); }));
+  EXPECT_EQ(desktop_.Look().Find(250, 150, 700, 260, IsYellow).count, 0);
+  desktop_.Hand("key Return");
+  EXPECT_EQ(again.WaitForEnd(), 0);
+  EXPECT_EQ(Content("kv_his.dat"), records);
+}
+
+}  // namespace
+}  // namespace tests
