@@ -1,0 +1,176 @@
+// Controls, arrays of them, and how the pointer and the keys find them.
+#include <gtest/gtest.h>
+
+#include "tests/stage/bench.h"
+
+namespace {
+
+using namespace tests;
+
+constexpr Units kUnits{0.99375004F, 0.89999974F};
+
+struct Forms : testing::Test {
+  Bench bench;
+  std::shared_ptr<NotingForm> form = std::make_shared<NotingForm>(bench.theatre, kUnits);
+  PictureRef ball = bench.theatre.Pictures.Named("Imageball0");
+  PictureRef large = bench.theatre.Pictures.Named("Imageball2");
+};
+
+TEST_F(Forms, SizesTurnIntoUnitsOfTheContainer) {
+  Image image(*form, {0, 0, 225, 225}, ball, false);
+  EXPECT_NEAR(image.Width, 226.415, 0.001);
+  EXPECT_NEAR(image.Height, 250, 0.001);
+  EXPECT_EQ(form->ScaleHeight(), Single(9000 / 0.89999974F));
+  image.Picture = large;
+  EXPECT_NEAR(image.Width, 241.5, 0.05);
+  EXPECT_NEAR(image.Height, 266.7, 0.05);
+  image.Width = 100;
+  EXPECT_EQ(image.Width, 100);
+  image.Picture = large;
+  EXPECT_NEAR(image.Width, 241.5, 0.05);
+  PictureBox box(*form, {0, 0, 975, 255});
+  Image inside(box, {-15, 0, 1005, 270}, ball, true);
+  EXPECT_EQ(inside.Width, 1005);
+  inside.Width = box.Width;
+  EXPECT_EQ(inside.Width, box.Width);
+}
+
+TEST_F(Forms, ArraysMakeElementsAfterTheLowest) {
+  ControlArray<Image> array(*form, [&](auto& fresh) {
+    fresh.Design(0, Design{1080, 480, 465, 225}, nullptr, true);
+    fresh(0).Visible = true;
+  });
+  array.Load(3);
+  EXPECT_FALSE(array(3).Visible);
+  EXPECT_TRUE(array(3).Stretch);
+  EXPECT_EQ(array(3).Left, array(0).Left);
+  EXPECT_EQ(array(3).Width, array(0).Width);
+  EXPECT_EQ(array(3).Picture.Get(), nullptr);
+  EXPECT_THROW(array.Load(3), RuntimeError);
+  EXPECT_THROW(array.Load(-1), RuntimeError);
+  EXPECT_THROW(array(1), RuntimeError);
+  EXPECT_THROW(array.Unload(0), RuntimeError);
+  EXPECT_THROW(array.Unload(9), RuntimeError);
+  array.Unload(3);
+  EXPECT_THROW(array.Unload(3), RuntimeError);
+  array.Load(3);
+}
+
+TEST_F(Forms, ThePointerFindsTheTopmostVisibleControl) {
+  std::string hits;
+  ControlArray<Image> array(*form, [&](auto& fresh) {
+    fresh.Design(1, Design{0, 0, 1500, 1500}, ball, true);
+  });
+  array.Load(2);
+  array.Load(3);
+  for (Integer i = 2; i <= 3; i = i + 1) array(i).Visible = true;
+  Label label(*form, {600, 0, 900, 900}, {}, "label");
+  PictureBox box(*form, {1200, 0, 600, 600});
+  Image inside(box, {300, 0, 3000, 3000}, ball, true);
+  Single x = 0;
+  array.Click = [&](Integer index) { hits += std::to_string(index); };
+  box.Click = [&] { hits += "b"; };
+  inside.Click = [&] { hits += "i"; };
+  inside.MouseMove = [&](Integer, Integer, Single X, Single) { x = X; };
+  bench.theatre.Show(form, kModeless);
+  form->Notes();
+
+  bench.ClickAt(150, 150);  // a made element lies directly above the lowest, below the others
+  bench.ClickAt(750, 150);  // a label without a procedure does not pass the click on
+  bench.ClickAt(1300, 150);
+  bench.ClickAt(1650, 150);
+  EXPECT_EQ(hits, "2bi");
+  EXPECT_NEAR(x, 150, 0.01);
+  array(2).Visible = false;
+  bench.ClickAt(150, 150);
+  EXPECT_EQ(hits, "2bi3");
+  array(1).ZOrder(0);
+  bench.ClickAt(750, 150);
+  bench.ClickAt(1300, 150);  // picture boxes stay above
+  EXPECT_EQ(hits, "2bi31b");
+  EXPECT_EQ(form->Notes(), "");
+  bench.ClickAt(6000, 4500);
+  EXPECT_EQ(form->Notes(), "move click ");
+  EXPECT_NEAR(form->x, 6000 / 0.99375004, 0.01);
+  EXPECT_NEAR(form->y, 4500 / 0.89999974, 0.01);
+}
+
+TEST_F(Forms, AModalFormTakesAllInput) {
+  const auto modal = std::make_shared<NotingForm>(bench.theatre, Units{}, "Modal");
+  modal->Width = 3000;
+  bench.theatre.Show(form, kModeless);
+  EXPECT_EQ(form->Notes(), "activate ");
+  int turn = 0;
+  bench.platform.Director = [&] {
+    switch (turn++) {
+      case 0:
+        EXPECT_EQ(bench.theatre.ActiveForm(), modal.get());
+        bench.ClickAt(6000, 4500);
+        bench.Press(65, 2);
+        bench.ClickAt(100, 100);
+        EXPECT_EQ(form->Notes(), "");
+        EXPECT_EQ(modal->Notes(), "activate key65/2 move click ");
+        return bench.platform.Send(CloseAsked{});
+      default:
+        FAIL() << "the form has been closed";
+    }
+  };
+  bench.theatre.Show(modal, kModal);
+  EXPECT_EQ(modal->Notes(), "unload ");
+  EXPECT_FALSE(modal->Loaded());
+  EXPECT_EQ(bench.theatre.ActiveForm(), form.get());
+  bench.Press(27);
+  EXPECT_EQ(form->Notes(), "key27/0 ");
+}
+
+TEST_F(Forms, ASessionThatEndsClosesTheInnermostFirst) {
+  bench.theatre.Show(form, kModeless);
+  bench.platform.Director = [&] { bench.platform.Send(QuitAsked{}); };
+  EXPECT_EQ(bench.theatre.InputBox("any"), "");
+  bench.theatre.Run();
+  EXPECT_EQ(form->Notes(), "activate unload ");
+}
+
+/// Digits are typed; E, X and T are Enter, Esc and Tab, C closes, O and K click on OK and Cancel.
+void Send(ScriptedPlatform& platform, char stroke) {
+  switch (stroke) {
+    case 'E':
+      return platform.Send(KeyPressed{key::kEnter, 0});
+    case 'X':
+      return platform.Send(KeyPressed{key::kEsc, 0});
+    case 'T':
+      return platform.Send(KeyPressed{key::kTab, 0});
+    case 'C':
+      return platform.Send(CloseAsked{});
+    case 'O':
+    case 'K':
+      platform.MoveTo(stroke == 'O' ? 5550 : 6750, 5310);
+      return platform.Send(PointerPressed{});
+    default:
+      return platform.Send(TextTyped{std::string(1, stroke)});
+  }
+}
+
+TEST_F(Forms, BoxesAnswerToKeysAndPointer) {
+  const std::pair<const char*, const char*> cases[] = {{"12E", "12"}, {"12X", ""},        {"12TE", "12"},
+                                                       {"12TTE", ""}, {"12TTT3E", "123"}, {"12C", ""},
+                                                       {"7O", "7"},   {"7K", ""}};
+  for (const auto& [strokes, answer] : cases) {
+    bench.platform.Director = [&] {
+      for (const char* stroke = strokes; *stroke != 0; ++stroke) Send(bench.platform, *stroke);
+    };
+    EXPECT_EQ(bench.theatre.InputBox("Fase"), answer) << strokes;
+  }
+}
+
+TEST_F(Forms, TheActiveFormUnloadsWhileItsKeyIsHandled) {
+  struct Fleeting : Form {
+    explicit Fleeting(Stage& stage) : Form(stage, "Fleeting", {0, 0, 100, 100}) {}
+    void Form_KeyDown(Integer, Integer) override { Unload(); }
+  };
+  bench.theatre.Show(std::make_shared<Fleeting>(bench.theatre), kModeless);
+  bench.Press(65);
+  EXPECT_EQ(bench.theatre.ActiveForm(), nullptr);
+}
+
+}  // namespace

@@ -1,0 +1,91 @@
+// Painting only what has changed must give the same picture as painting everything.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "stage/dialogs.h"
+#include "tests/stage/bench.h"
+
+namespace {
+
+using namespace tests;
+
+TEST(Painting, OfChangesEqualsPaintingAnew) {
+  for (const Double scale : {1.0, 1.8, 0.77}) {
+    Bench bench({12000, 9000}, scale);
+    bench.platform.Look(true);
+    const auto form = std::make_shared<NotingForm>(bench.theatre);
+    ControlArray<Image> blocks(*form, [&](auto& array) {
+      array.Design(0, Design{0, 0, 480, 240}, bench.theatre.Pictures.Named("ImagePedra1"), true);
+    });
+    Image ball(*form, {0, 0, 225, 225}, bench.theatre.Pictures.Named("Imageball0"), false);
+    Label label(*form, {5000, 5000, 2000, 400}, {{"Arial", 18, true}, Rgb(255, 0, 0), Align::kRight}, "0");
+    PictureBox box(*form, {3000, 3000, 900, 300});
+    Image inside(box, {-15, 0, 1005, 270}, bench.theatre.Pictures.Named("barra"), true);
+    bench.theatre.Show(form, kModeless);
+    std::mt19937 draws(5);
+    const auto any = [&](int most) { return Single(draws() % unsigned(most)); };
+    for (int step = 0; step < 300; ++step) {
+      const Integer i = int(draws() % 20);
+      switch (draws() % 8) {
+        case 0:
+          if (!blocks.Exists(i)) blocks.Load(i);
+          blocks(i).Visible = true;
+          break;
+        case 1:
+          if (i > 0 && blocks.Exists(i)) blocks.Unload(i);
+          break;
+        case 2:
+          if (blocks.Exists(i)) blocks(i).Left = any(12000);
+          break;
+        case 3:
+          ball.Left = any(13000) - 500;
+          ball.Top = any(9500) - 500;
+          break;
+        case 4:
+          label.Caption = std::to_string(step);
+          break;
+        case 5:
+          box.Left = any(12000);
+          break;
+        case 6:
+          inside.Width = any(1200);
+          break;
+        default:
+          ball.Visible = !ball.Visible;
+          break;
+      }
+      const std::vector<Pixel> grown = bench.Pixels();
+      if (step % 20 != 0) continue;
+      bench.theatre.Repaint();
+      ASSERT_EQ(grown, bench.Pixels()) << "step " << step << " at scale " << scale;
+    }
+  }
+}
+
+TEST(Painting, ShowsOnlyWhatHasChanged) {
+  Bench bench;
+  bench.platform.Look(true);
+  const auto form = std::make_shared<NotingForm>(bench.theatre);
+  Image ball(*form, {3000, 3000, 225, 225}, bench.theatre.Pictures.Named("Imageball0"), false);
+  bench.theatre.Show(form, kModeless);
+  bench.theatre.PaintNow();
+  bench.platform.TakePresented();
+  ball.Left = 3000;
+  bench.theatre.PaintNow();
+  EXPECT_TRUE(bench.platform.TakePresented().empty());
+  ball.Left = 6000;
+  bench.theatre.PaintNow();
+  EXPECT_EQ(bench.platform.TakePresented(),
+            (std::vector<PixelRect>{{200, 200, 215, 215}, {400, 200, 415, 215}}));
+}
+
+TEST(Painting, PutsTheScreenInTheMiddleOfOddDisplays) {
+  Bench bench({12000, 9000}, 1);
+  const Viewport view({12000, 9000}, {1000, 600});
+  EXPECT_EQ(view.Area(), (PixelRect{100, 0, 900, 600}));
+  EXPECT_NEAR(view.ToTwips(100, 0).x, 0, 1e-9);
+  EXPECT_NEAR(view.ToTwips(900, 600).x, 12000, 1e-9);
+}
+
+}  // namespace

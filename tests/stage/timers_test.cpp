@@ -1,0 +1,112 @@
+// When timers tick: on beats of 1/64 s, never early, never queued, never inside themselves.
+#include <gtest/gtest.h>
+
+#include "tests/stage/bench.h"
+
+namespace {
+
+using namespace tests;
+
+struct Timers : testing::Test {
+  Bench bench;
+  std::shared_ptr<NotingForm> form = std::make_shared<NotingForm>(bench.theatre);
+};
+
+TEST_F(Timers, TickOnTheFirstBeatAtOrAfterTheirInterval) {
+  const std::pair<int, int> cases[] = {{1, 1},    {10, 1},    {15, 1},     {16, 2},
+                                       {500, 32}, {1000, 64}, {5000, 320}, {10000, 640}};
+  for (const auto& [interval, beats] : cases) {
+    int ticks = 0;
+    Timer timer(*form, interval, true);
+    timer.Tick = [&] { ++ticks; };
+    bench.Beats(beats - 1);
+    EXPECT_EQ(ticks, 0) << interval;
+    bench.Beats(1);
+    EXPECT_EQ(ticks, 1) << interval;
+    bench.Beats(beats);
+    EXPECT_EQ(ticks, 2) << interval;
+  }
+}
+
+TEST_F(Timers, DoNotQueueWhatWasMissed) {
+  int ticks = 0;
+  Timer timer(*form, 10, true);
+  timer.Tick = [&] { ++ticks; };
+  bench.theatre.Sleep(std::chrono::seconds(3));
+  bench.theatre.DoEvents();
+  bench.theatre.DoEvents();
+  EXPECT_EQ(ticks, 1);
+}
+
+TEST_F(Timers, StartAnewWhenTurnedOnOrPaced) {
+  int ticks = 0;
+  Timer timer(*form, 1000, false);
+  timer.Tick = [&] { ++ticks; };
+  bench.Beats(100);
+  EXPECT_EQ(ticks, 0);
+  timer.Enabled = true;
+  bench.Beats(63);
+  timer.Enabled = true;  // it is on already
+  bench.Beats(1);
+  EXPECT_EQ(ticks, 1);
+  bench.Beats(60);
+  timer.Interval = 1000;
+  bench.Beats(63);
+  EXPECT_EQ(ticks, 1);
+  bench.Beats(1);
+  EXPECT_EQ(ticks, 2);
+  timer.Interval = 0;
+  bench.Beats(1000);
+  EXPECT_EQ(ticks, 2);
+  EXPECT_THROW(timer.Interval = 65536, RuntimeError);
+  EXPECT_THROW(timer.Interval = -1, RuntimeError);
+  EXPECT_EQ(timer.Interval, 0);
+}
+
+TEST_F(Timers, OfOthersTickInsideAYieldAndNeverInTheirOwn) {
+  std::string order;
+  Timer first(*form, 10, true);
+  Timer second(*form, 10, true);
+  first.Tick = [&] {
+    order += "<1";
+    bench.theatre.DoEvents();
+    order += "1>";
+  };
+  second.Tick = [&] {
+    order += "<2";
+    bench.theatre.DoEvents();
+    order += "2>";
+  };
+  bench.Beats(1);
+  EXPECT_EQ(order, "<1<22>1>");
+}
+
+TEST_F(Timers, StopWithTheirForm) {
+  int ticks = 0;
+  Timer timer(*form, 10, true);
+  timer.Tick = [&] { ++ticks; };
+  bench.theatre.Show(form, kModeless);
+  form->Unload();
+  bench.Beats(5);
+  EXPECT_EQ(ticks, 0);
+}
+
+TEST_F(Timers, GoOnUnderAModalForm) {
+  int ticks = 0;
+  Timer timer(*form, 10, true);
+  timer.Tick = [&] {
+    if (++ticks == 10) bench.Press(key::kEnter);
+  };
+  bench.theatre.Show(form, kModeless);
+  bench.theatre.MsgBox("wait");
+  EXPECT_EQ(ticks, 10);
+}
+
+TEST_F(Timers, TheClockRestartsAtMidnight) {
+  bench.platform.SetSecondsOfDay(86399.5);
+  EXPECT_EQ(bench.theatre.Timer(), 86399.5F);
+  bench.platform.Pass(std::chrono::milliseconds(750));
+  EXPECT_EQ(bench.theatre.Timer(), 0.25F);
+}
+
+}  // namespace

@@ -1,0 +1,120 @@
+#include "tools/level/check.h"
+
+#include <algorithm>
+
+#include "levels/level_file.h"
+#include "tools/level/reach.h"
+
+namespace level {
+namespace {
+
+constexpr int kMostBlocks = 598;
+constexpr int kLastType = 22;
+constexpr int kHard = 20;
+constexpr int kUnseen = 21;
+constexpr int kLongestInterval = 65535;  // ms
+constexpr int kLastBonus = 8;
+constexpr int kAllBonuses = 10;
+/// How much lower the last series lays the blocks.
+constexpr int kLastShift = (3 * 9000 + 34) / 35;
+
+void Refuse(bool wrong, int record, int field, const char* why) {
+  if (wrong) throw korvane::LevelError(why, record, field);
+}
+
+void CheckRule(const korvane::LevelRecord& record) {
+  const int number = record.Number();
+  if (record.Blinks()) {
+    Refuse(record.BlinkingType() > kLastType, number, 2, "no such type of block");
+    Refuse(record.BlinkInterval() > kLongestInterval, number, 3, "the interval is above 65535");
+  }
+  const int barred = record.BarredBonus();
+  Refuse(barred < 0 || (barred > kLastBonus && barred != kAllBonuses), number, 4, "no such bonus");
+}
+
+Block CheckedBlock(const korvane::LevelRecord& record) {
+  const int number = record.Number();
+  const Block block{.record = number,
+                    .top = record.Top(),
+                    .left = record.Left(),
+                    .height = record.Height(),
+                    .width = record.Width(),
+                    .type = record.Type()};
+  Refuse(block.top < 0, number, 1, "above the field");
+  Refuse(block.left < 0, number, 2, "left of the field");
+  Refuse(block.height <= 0, number, 3, "the block has no height");
+  Refuse(block.width <= 0, number, 4, "the block has no width");
+  Refuse(block.Bottom() + kLastShift > Room::kLowest, number, 1, "too low for the paddle in series D");
+  Refuse(block.Right() > Room::kFieldWidth, number, 2, "right of the field");
+  Refuse(block.type < 1 || block.type > kLastType, number, 5, "no such type of block");
+  return block;
+}
+
+void CheckLowest(const std::vector<Block>& blocks) {
+  for (const Block& block : blocks) {
+    Refuse(block.Bottom() > blocks.back().Bottom(), block.record, 1,
+           "below the last block, where it cannot be hit");
+  }
+}
+
+void CheckEnd(const std::vector<Block>& blocks) {
+  const Block* const out_of_reach = OutOfReach(blocks);
+  Refuse(out_of_reach != nullptr, out_of_reach == nullptr ? 0 : out_of_reach->record, 0,
+         "the ball cannot reach the block, so the level never ends");
+}
+
+/// Hard blocks are left out of the count only if one of them is written as exactly 20.
+void CheckHard(const std::vector<Block>& blocks, bool written) {
+  const auto hard = std::ranges::find(blocks, kHard, &Block::type);
+  Refuse(hard != blocks.end() && !written, hard == blocks.end() ? 0 : hard->record, 5,
+         "a hard block that is not written 20 keeps the level from ending");
+}
+
+void CheckLevel(std::string_view text, std::vector<Block>& blocks) {
+  bool hard_written = false;
+  korvane::LevelReader reader(text);
+  while (!reader.AtEnd()) {
+    const korvane::LevelRecord record = reader.Next();
+    if (record.IsRule()) {
+      CheckRule(record);
+      continue;
+    }
+    const Block block = CheckedBlock(record);
+    Refuse(int(blocks.size()) == kMostBlocks, block.record, 0, "more than 598 blocks");
+    blocks.push_back(block);
+    hard_written = hard_written || record.TypeIs(kHard);
+  }
+  CheckLowest(blocks);
+  CheckHard(blocks, hard_written);
+  CheckEnd(blocks);
+}
+
+}  // namespace
+
+std::string Fault::Text() const {
+  if (record == 0) return why;
+  const std::string place = "record " + std::to_string(record);
+  return field == 0 ? place + ": " + why : place + ", field " + std::to_string(field) + ": " + why;
+}
+
+std::string Verdict::Text() const {
+  if (fault) return fault->Text();
+  return "ok: " + std::to_string(blocks) + " blocks, " + std::to_string(hard) + " hard, " +
+         std::to_string(unseen) + " unseen";
+}
+
+Verdict Check(std::string_view text) {
+  Verdict verdict;
+  std::vector<Block> blocks;
+  try {
+    CheckLevel(text, blocks);
+  } catch (const korvane::LevelError& error) {
+    verdict.fault = Fault{error.Record, error.Field, error.what()};
+  }
+  verdict.blocks = int(blocks.size());
+  verdict.hard = int(std::ranges::count(blocks, kHard, &Block::type));
+  verdict.unseen = int(std::ranges::count(blocks, kUnseen, &Block::type));
+  return verdict;
+}
+
+}  // namespace level
