@@ -76,8 +76,8 @@ void Form::Touch() { stage_.Touch(); }
 
 void Form::Damage(const PixelRect& pixels) { stage_.Damage(pixels); }
 
-void Form::TakeChanges(const Viewport& viewport, Region& changed) {
-  const bool moved = changed_;
+void Form::TakeChanges(const Viewport& viewport, bool anew, Region& changed) {
+  const bool moved = changed_ || anew;
   changed_ = false;
   if (moved) {
     changed.Add(painted_);

@@ -58,8 +58,9 @@ class Form : public Container {
   void Touch();
   /// What stood on these pixels is gone.
   void Damage(const PixelRect& pixels);
-  /// Adds the pixels to paint anew since the last call.
-  void TakeChanges(const Viewport& viewport, Region& changed);
+  /// Adds the pixels to paint anew since the last call. `anew` tells that the screen lies on the display in
+  /// another way than at that call.
+  void TakeChanges(const Viewport& viewport, bool anew, Region& changed);
 
  private:
   friend class Stage;

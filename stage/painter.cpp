@@ -9,12 +9,13 @@ Viewport Painter::View() const { return viewport_ ? *viewport_ : Viewport(screen
 void Painter::Paint(const FormList& forms) {
   const auto target = platform_.Canvas();
   if (!target) return;
-  if (!viewport_ || size_ != target->size) {
+  const bool anew = !viewport_ || size_ != target->size;
+  if (anew) {
     size_ = target->size;
     viewport_.emplace(screen_, size_);
     region_.Add({0, 0, size_.width, size_.height});
   }
-  for (const auto& form : forms) form->TakeChanges(*viewport_, region_);
+  for (const auto& form : forms) form->TakeChanges(*viewport_, anew, region_);
   Region visible;
   for (const PixelRect& rect : region_.Rects()) visible.Add(rect.Cut({0, 0, size_.width, size_.height}));
   region_.Clear();

@@ -26,6 +26,12 @@ void ScriptedPlatform::Look(bool looking) {
   pixels_.assign(looking ? std::size_t(size.width) * std::size_t(size.height) : 0, 0);
 }
 
+void ScriptedPlatform::Rescale(Double scale) {
+  setup_.scale = scale;
+  Look(!pixels_.empty());
+  Send(DisplayChanged{});
+}
+
 PixelSize ScriptedPlatform::DisplaySize() {
   const auto pixels = [&](Single twips) {
     return static_cast<int>(std::lround(twips / kTwipsPerPixel * setup_.scale));

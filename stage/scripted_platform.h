@@ -34,6 +34,8 @@ class ScriptedPlatform : public Platform {
   void PassTo(Moment beat) { now_ = (now_ / beat + 1) * beat; }
   /// Somebody looks at the screen, or nobody does any more.
   void Look(bool looking);
+  /// The display gets another size.
+  void Rescale(Double scale);
   /// Names of the sound files started since the last call.
   std::vector<std::string> TakeSounds() { return std::exchange(sounds_, {}); }
   /// All that was presented since the last call.

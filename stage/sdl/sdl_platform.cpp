@@ -24,6 +24,7 @@ std::string TakeString(char* text) {
 SdlPlatform::Session::Session() {
   SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
   SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
+  SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0");  // closing is for the active form
   SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
   // Left to itself SDL falls back on a picture that nobody sees; and asking for Wayland where there is none
   // makes its library complain.

@@ -27,6 +27,10 @@ TEST(Painting, OfChangesEqualsPaintingAnew) {
     const auto any = [&](int most) { return Single(draws() % unsigned(most)); };
     for (int step = 0; step < 300; ++step) {
       const Integer i = int(draws() % 20);
+      if (step % 50 == 25) {
+        bench.platform.Rescale(scale * (1 + any(4) / 4));
+        bench.theatre.DoEvents();
+      }
       switch (draws() % 8) {
         case 0:
           if (!blocks.Exists(i)) blocks.Load(i);
@@ -56,7 +60,7 @@ TEST(Painting, OfChangesEqualsPaintingAnew) {
           break;
       }
       const std::vector<Pixel> grown = bench.Pixels();
-      if (step % 20 != 0) continue;
+      if (step % 10 != 0) continue;
       bench.theatre.Repaint();
       ASSERT_EQ(grown, bench.Pixels()) << "step " << step << " at scale " << scale;
     }
