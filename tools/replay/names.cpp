@@ -280,8 +280,8 @@ Name Names::PropertyOf(std::string_view owner, std::string_view property) const 
     }
     if (auto* const image = dynamic_cast<stage::Image*>(control); image != nullptr && property == "Picture") {
       return {name, [image] { return ToJson(PictureName(image->Picture)); },
-              [image, this](std::string_view text) {
-                image->Picture = text.empty() ? nullptr : form_.Palco.Pictures.Named(text);
+              [image, &pictures = form_.Palco.Pictures](std::string_view text) {
+                image->Picture = text.empty() ? nullptr : pictures.Named(text);
               }};
     }
   }

@@ -18,7 +18,8 @@ struct Name {
       nullptr;  // raises std::runtime_error for text that does not fit
 };
 
-/// All names of one game: its variables, its controls and their properties, its timers.
+/// All names of one game: its variables, its controls and their properties, its timers. What it gives out
+/// reads and writes only while it lives.
 class Names {
  public:
   explicit Names(korvane::game& form);

@@ -215,7 +215,8 @@ void Replay::OnlyTimers(const std::string& rest) {
 void Replay::Set(const std::string& rest) {
   const std::size_t end = rest.find(' ');
   const std::string name = rest.substr(0, end);
-  const Name found = Names(played_->Game()).Find(name);
+  const Names names(played_->Game());
+  const Name found = names.Find(name);
   if (!found.write) throw std::runtime_error("cannot be set: " + name);
   found.write(end == std::string::npos ? "" : rest.substr(end + 1));
 }
