@@ -50,7 +50,7 @@ std::shared_ptr<const Coverage> Drawings::Of(const Font& font, Double scale, con
   const Face face = FaceFor(font, scale);
   auto& kept = texts_[{face.file.data(), face.pixels, text}];
   if (kept) return kept;
-  const auto written = std::make_shared<const Coverage>(artist_.Write(face, text));
+  auto written = std::make_shared<const Coverage>(artist_.Write(face, text));
   kept = written;
   if (texts_.size() > kMostTexts) texts_.clear();
   return written;
