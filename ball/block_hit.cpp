@@ -5,11 +5,6 @@
 namespace korvane {
 namespace {
 
-constexpr int kRigido = 20;
-constexpr int kInvisivel = 21;
-constexpr int kRevelado = 22;
-constexpr int kAmolecido = 4;
-constexpr int kBonusParado = 100;
 constexpr int kBatidasAteAmolecer = 100;
 
 }  // namespace
@@ -18,7 +13,7 @@ void game::hos(std::string_view Side, Integer boxindex) {
   const Integer BolaAtual = Module1.BolaAtual;
   const Integer tipo = Module1.TipoBox(boxindex);
   if (tipo != kRigido || BolaAtual == 2) Module1.TipoBox(boxindex) = 0;
-  if (tipo == kBonusParado) {
+  if (tipo == kFechamento) {
     Box(boxindex).Visible = false;
     InverteVelocidade(Side);
     consedebonus(BonusParado);

@@ -4,7 +4,6 @@
 namespace korvane {
 
 void game::TimerPisca_Timer() {
-  constexpr int kRigido = 20;
   EstadoPisca = !EstadoPisca;
   const Long fase = FasesRetiradas;
   const Integer ultimo = ProximoBox - 1;

@@ -10,7 +10,6 @@ constexpr Sorteio kSorteio{
 constexpr int kAteTirar = 10000;  // ms, also between draws
 constexpr int kDepoisDeTirar = 3000;
 constexpr int kTentativas = 3;
-constexpr int kFechamento = 100;
 
 }  // namespace
 

@@ -35,6 +35,13 @@ class Vetor {
   std::array<Value, Count> values_{};
 };
 
+// Block types with rules of their own, in TipoBox and as numbers of ImagePedra.
+inline constexpr int kAmolecido = 4;  // normal, and what hard blocks turn into
+inline constexpr int kRigido = 20;
+inline constexpr int kInvisivel = 21;
+inline constexpr int kRevelado = 22;     // what an unseen block looks like once hit
+inline constexpr int kFechamento = 100;  // the carrier of the parked bonus
+
 struct Module1 {
   /// Type of each block by its index in Box: 0 gone, 20 hard, 21 unseen, 100 the carrier of the parked bonus.
   Vetor<Integer, 600> TipoBox;
@@ -52,8 +59,6 @@ struct Module1 {
   /// The table of records, rows 1 to 10, best first.
   Vetor<std::string, 11> RecNome;
   Vetor<Double, 11> RecPontos;
-  /// The records file could not be read to its end; it is kept aside before it is first written over.
-  Flag RecDanificado;
   /// The row of the record just made; 0 for none.
   Integer RecNovo;
 };

@@ -11,7 +11,6 @@ using stage::Image;
 using stage::Rgb;
 
 constexpr stage::Units kFormUnits{0.99375004F, 0.89999974F};
-constexpr int kPedraInvisivel = 21;
 
 const Font kStatusFont{"Arial", 18, true};
 
@@ -19,7 +18,7 @@ const Font kStatusFont{"Arial", 18, true};
 auto Guarda(stage::Stage& palco, std::string_view nome, int primeiro, int ultimo, bool estica) {
   return [&palco, nome, primeiro, ultimo, estica](stage::ControlArray<Image>& array) {
     for (int i = primeiro; i <= ultimo; ++i) {
-      const bool vazia = estica && i == kPedraInvisivel;
+      const bool vazia = estica && i == kInvisivel;
       array.Design(i, Design{0, 0, 480, 240}, vazia ? nullptr : palco.Pictures.Named(nome, i), estica);
       array(i).Visible = false;
     }

@@ -7,8 +7,6 @@
 namespace korvane {
 namespace {
 
-constexpr int kRigido = 20;
-constexpr int kFechamento = 100;
 constexpr int kUltimaSerie = 3;
 
 std::string Arquivo(const std::string& caminho, Integer num) {

@@ -17,7 +17,6 @@ void game::clearall() {
 }
 
 void game::passafase() {
-  constexpr int kRigido = 20;
   if (!TemRigido || Module1.BolaAtual == 2) return;
   for (Integer i = 1; i < ProximoBox; i = i + 1) {
     const Integer tipo = Module1.TipoBox(i);

@@ -1,37 +1,26 @@
 #include "records/codepage.h"
 
-#include <iconv.h>
-
-#include <memory>
+#include <algorithm>
+#include <array>
 #include <optional>
-#include <type_traits>
 
 #include "stage/utf8.h"
 
 namespace korvane {
 namespace {
 
-constexpr const char* kPagina = "WINDOWS-1252";
-constexpr const char* kUtf8 = "UTF-8";
+constexpr unsigned char kPrimeiro = 0x80;
+/// Characters of the bytes 80 to 9F, 0 for none. Every other byte stands for the character of its own number.
+constexpr std::array<char32_t, 32> kLetras{
+    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
-struct Fecha {
-  void operator()(iconv_t conversao) const { iconv_close(conversao); }
-};
-using Conversao = std::unique_ptr<std::remove_pointer_t<iconv_t>, Fecha>;
-
-/// One character converted; nothing if the other side lacks it.
-std::optional<std::string> Converte(const char* para, const char* de, std::string caractere) {
-  const Conversao conversao(iconv_open(para, de));
-  std::string resultado(8, '\0');
-  char* entrada = caractere.data();
-  std::size_t resta = caractere.size();
-  char* saida = resultado.data();
-  std::size_t livre = resultado.size();
-  if (iconv(conversao.get(), &entrada, &resta, &saida, &livre) == static_cast<std::size_t>(-1)) {
-    return std::nullopt;
-  }
-  resultado.resize(resultado.size() - livre);
-  return resultado;
+std::optional<unsigned char> ByteDe(char32_t letra) {
+  const auto lugar = letra == 0 ? kLetras.end() : std::ranges::find(kLetras, letra);
+  if (lugar != kLetras.end()) return static_cast<unsigned char>(kPrimeiro + (lugar - kLetras.begin()));
+  const bool mesmo = letra < kPrimeiro || (letra >= kPrimeiro + kLetras.size() && letra <= 0xFF);
+  return mesmo ? std::optional(static_cast<unsigned char>(letra)) : std::nullopt;
 }
 
 }  // namespace
@@ -39,18 +28,22 @@ std::optional<std::string> Converte(const char* para, const char* de, std::strin
 std::string ParaPagina(std::string_view utf8) {
   std::string bytes;
   for (const char32_t letra : stage::Characters(utf8)) {
-    const char32_t guardada = letra == U'"' ? U'\'' : letra;
-    bytes += Converte(kPagina, kUtf8, stage::Utf8({&guardada, 1})).value_or("?");
+    bytes += static_cast<char>(ByteDe(letra == U'"' ? U'\'' : letra).value_or('?'));
   }
   return bytes;
 }
 
 std::string DaPagina(std::string_view bytes) {
-  std::string utf8;
-  for (const char byte : bytes) utf8 += Converte(kUtf8, kPagina, std::string(1, byte)).value_or("");
-  return utf8;
+  std::u32string letras;
+  for (const char c : bytes) {
+    const auto byte = static_cast<unsigned char>(c);
+    const bool alto = byte >= kPrimeiro && byte < kPrimeiro + kLetras.size();
+    const char32_t letra = alto ? kLetras[std::size_t(byte) - kPrimeiro] : byte;
+    if (letra != 0 || byte == 0) letras += letra;
+  }
+  return stage::Utf8(letras);
 }
 
-bool TemNaPagina(char32_t letra) { return Converte(kPagina, kUtf8, stage::Utf8({&letra, 1})).has_value(); }
+bool TemNaPagina(char32_t letra) { return ByteDe(letra).has_value(); }
 
 }  // namespace korvane

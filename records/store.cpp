@@ -4,15 +4,15 @@
 #include <iostream>
 
 #include "records/codepage.h"
-#include "stage/stage.h"
 #include "stage/text_file.h"
 
 namespace korvane {
 namespace {
 
 constexpr int kLinhas = 10;
-constexpr std::size_t kMaisBytes = 64 << 10;
-constexpr std::size_t kMaiorCampo = 1000;
+constexpr std::size_t kMaisBytes = 64 << 10;  // more than the rows of any table need
+constexpr std::size_t kMaisGuardados = 64 << 20;
+constexpr std::size_t kMaiorLinha = 1000;
 constexpr const char* kFim = "\r\n";
 
 std::filesystem::path Arquivo(const Module1& modulo, std::string_view nome) {
@@ -20,33 +20,9 @@ std::filesystem::path Arquivo(const Module1& modulo, std::string_view nome) {
 }
 
 std::string Linha(std::string_view nome, std::string_view pontos) {
-  std::string bytes = '"' + ParaPagina(nome) + '"';
+  constexpr std::size_t kAspas = 2;
+  std::string bytes = '"' + ParaPagina(nome).substr(0, kMaiorLinha - kAspas) + '"';
   return bytes.append(kFim).append(pontos).append(kFim);
-}
-
-std::string_view Campo(stage::FieldReader& campos) {
-  const std::string_view campo = campos.Next();
-  if (campo.size() > kMaiorCampo) throw RuntimeError("line too long");
-  return campo;
-}
-
-/// Raises RuntimeError at the first damage; the rows before it are in the table then.
-void LeTabela(Module1& modulo, std::string_view bytes) {
-  stage::FieldReader campos(bytes);
-  for (Integer r = 1; r <= kLinhas; r = r + 1) {
-    const std::string nome = DaPagina(Campo(campos));
-    const Double pontos = stage::NumberOf(Campo(campos));
-    modulo.RecNome(r) = nome;
-    modulo.RecPontos(r) = pontos;
-  }
-}
-
-void Escreve(const std::filesystem::path& arquivo, std::string_view bytes) {
-  try {
-    stage::WriteWhole(arquivo, bytes);
-  } catch (const RuntimeError&) {
-    std::cerr << "korvane: cannot write " << arquivo.string() << "; the records hold for this run only\n";
-  }
 }
 
 std::string TabelaPadrao() {
@@ -55,34 +31,84 @@ std::string TabelaPadrao() {
   return bytes;
 }
 
+/// The text before its first line that is too long to be one of a table.
+std::string_view AteLinhaLonga(std::string_view bytes) {
+  for (std::size_t inicio = 0; inicio < bytes.size();) {
+    const std::size_t fim = std::min(bytes.find_first_of(kFim, inicio), bytes.size());
+    if (fim - inicio > kMaiorLinha) return bytes.substr(0, inicio);
+    inicio = fim + 1;
+  }
+  return bytes;
+}
+
+std::string_view Campo(stage::FieldReader& campos) {
+  const std::string_view campo = campos.Next();
+  if (campo.size() > kMaiorLinha) throw RuntimeError("field too long");
+  return campo;
+}
+
+/// A damaged file may hold what somebody misses.
+void GuardaDanificado(const Module1& modulo, const std::filesystem::path& arquivo) {
+  std::error_code erro;
+  if (!std::filesystem::exists(arquivo, erro)) return;
+  const std::string inicio = stage::ReadStart(arquivo, kMaisBytes);
+  if (inicio.empty()) return;
+  try {
+    Module1 lido;
+    LeTabela(lido, inicio);
+  } catch (const RuntimeError&) {
+    stage::WriteWhole(Arquivo(modulo, "kv_his.old"), stage::ReadWhole(arquivo, kMaisGuardados));
+  }
+}
+
+void Avisa(const std::filesystem::path& arquivo) {
+  std::cerr << "korvane: cannot write " << arquivo.string() << "; the records hold for this run only\n";
+}
+
 }  // namespace
+
+void LeTabela(Module1& modulo, std::string_view bytes) {
+  stage::FieldReader campos(AteLinhaLonga(bytes));
+  for (Integer r = 1; r <= kLinhas; r = r + 1) {
+    const std::string nome = DaPagina(Campo(campos));
+    const Double pontos = stage::NumberOf(Campo(campos));
+    modulo.RecNome(r) = nome;
+    modulo.RecPontos(r) = pontos;
+  }
+}
+
+std::string TextoDaTabela(Module1& modulo) {
+  std::string bytes;
+  for (Integer r = 1; r <= kLinhas; r = r + 1)
+    bytes += Linha(modulo.RecNome(r), stage::DecimalText(modulo.RecPontos(r)));
+  return bytes;
+}
 
 void Getrecords(Module1& modulo) {
   const std::filesystem::path arquivo = Arquivo(modulo, "kv_his.dat");
   std::error_code erro;
   const bool existe = std::filesystem::exists(arquivo, erro);
-  if (!existe ||
-      (std::filesystem::is_regular_file(arquivo, erro) && std::filesystem::is_empty(arquivo, erro))) {
-    return Escreve(arquivo, TabelaPadrao());
+  const bool vazio = std::filesystem::is_regular_file(arquivo, erro) && std::filesystem::is_empty(arquivo, erro);
+  try {
+    if (existe && !vazio) return LeTabela(modulo, stage::ReadStart(arquivo, kMaisBytes));
+  } catch (const RuntimeError&) {
+    return;
   }
   try {
-    LeTabela(modulo, stage::ReadWhole(arquivo, kMaisBytes));
+    stage::WriteWhole(arquivo, TabelaPadrao());
   } catch (const RuntimeError&) {
-    modulo.RecDanificado = true;
+    Avisa(arquivo);
   }
 }
 
 void GravaRecords(Module1& modulo) {
   const std::filesystem::path arquivo = Arquivo(modulo, "kv_his.dat");
-  if (modulo.RecDanificado) {
-    std::error_code erro;
-    std::filesystem::rename(arquivo, Arquivo(modulo, "kv_his.old"), erro);
-    modulo.RecDanificado = false;
+  try {
+    GuardaDanificado(modulo, arquivo);
+    stage::WriteWhole(arquivo, TextoDaTabela(modulo));
+  } catch (const RuntimeError&) {
+    Avisa(arquivo);
   }
-  std::string bytes;
-  for (Integer r = 1; r <= kLinhas; r = r + 1)
-    bytes += Linha(modulo.RecNome(r), stage::DecimalText(modulo.RecPontos(r)));
-  Escreve(arquivo, bytes);
 }
 
 bool CabeNoRecord(char32_t letra) { return TemNaPagina(letra); }

@@ -1,6 +1,9 @@
 // The file that keeps the ten records: name and score of each row, a line each, one byte to a character.
 #pragma once
 
+#include <string>
+#include <string_view>
+
 #include "core/Module1.h"
 
 namespace korvane {
@@ -9,8 +12,14 @@ namespace korvane {
 /// to the damage.
 void Getrecords(Module1& modulo);
 
-/// Puts the whole table in the place of the file. What cannot be written is said in one line on stderr.
+/// Puts the whole table in the place of the file; a damaged file is kept beside it. What cannot be written is
+/// said in one line on stderr.
 void GravaRecords(Module1& modulo);
+
+/// Fills the table from the text of a records file. Raises RuntimeError at the first damage; the rows before it
+/// are in the table then.
+void LeTabela(Module1& modulo, std::string_view bytes);
+std::string TextoDaTabela(Module1& modulo);
 
 /// Whether the records file can hold the character.
 bool CabeNoRecord(char32_t letra);

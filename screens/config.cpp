@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "stage/profile.h"
+#include "stage/text_file.h"
 
 namespace korvane {
 

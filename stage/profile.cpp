@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cctype>
 
-#include "stage/stage.h"
 #include "stage/text_file.h"
 
 namespace stage {
@@ -68,7 +67,9 @@ Place Find(std::string_view text, std::string_view section, std::string_view key
 
 std::string TextOf(std::string_view file) {
   const std::filesystem::path path = HostPath(file);
-  return std::filesystem::exists(path) ? ReadWhole(path, kMostBytes) : std::string();
+  std::error_code error;
+  const bool missing = !std::filesystem::exists(path, error) && !error;
+  return missing ? std::string() : ReadWhole(path, kMostBytes);
 }
 
 }  // namespace

@@ -75,6 +75,8 @@ PixelPoint ScriptedPlatform::PointerPlace() {
 }
 
 void ScriptedPlatform::MovePointer(PixelPoint place) {
+  const PixelPoint now = PointerPlace();
+  if (now.x == place.x && now.y == place.y) return;
   pointer_ = {Double(place.x), Double(place.y)};
   Send(pointer_);
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "stage/dialogs.h"
+#include "stage/text_file.h"
 
 namespace stage {
 
@@ -103,11 +104,5 @@ Long Stage::ShowCursor(bool shown) {
 }
 
 void Stage::sndPlaySoundA(std::string_view file) { platform_.PlaySound(HostPath(file)); }
-
-std::filesystem::path HostPath(std::string_view name) {
-  std::string path(name);
-  std::ranges::replace(path, '\\', '/');
-  return path;
-}
 
 }  // namespace stage

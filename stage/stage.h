@@ -103,9 +103,6 @@ class Stage {
   bool quitting_ = false;
 };
 
-/// A file named with backslashes as the machine names it.
-std::filesystem::path HostPath(std::string_view name);
-
 template <class AForm, class Context>
 void FormName<AForm, Context>::Load() {
   if (Loaded()) return;

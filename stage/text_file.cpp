@@ -1,9 +1,13 @@
 #include "stage/text_file.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <cmath>
 #include <fstream>
 #include <system_error>
 
@@ -25,6 +29,22 @@ class Descriptor {
   Descriptor(const Descriptor&) = delete;
   Descriptor& operator=(const Descriptor&) = delete;
 
+  /// Waits until no other program holds the file. Where the machine knows no locks there is nothing to wait
+  /// for.
+  void Hold() const {
+    while (flock(number_, LOCK_EX) != 0 && errno == EINTR) {
+    }
+  }
+  /// The name still stands for this file.
+  bool IsNamed(const std::filesystem::path& path) const {
+    struct stat own {};
+    struct stat named {};
+    return fstat(number_, &own) == 0 && stat(path.c_str(), &named) == 0 && own.st_dev == named.st_dev &&
+           own.st_ino == named.st_ino;
+  }
+  void Clear() const {
+    if (ftruncate(number_, 0) != 0) throw RuntimeError("cannot write");
+  }
   void Write(std::string_view bytes) const {
     while (!bytes.empty()) {
       const ssize_t written = write(number_, bytes.data(), bytes.size());
@@ -40,27 +60,15 @@ class Descriptor {
   int number_;
 };
 
-}  // namespace
-
-std::string ReadWhole(const std::filesystem::path& file, std::size_t most) {
-  std::error_code error;
-  const bool plain = std::filesystem::is_regular_file(file, error);
-  const auto size = plain ? std::filesystem::file_size(file, error) : 0;
-  if (!plain || error || size > most) throw RuntimeError("cannot read " + file.string());
-  std::ifstream stream(file, std::ios::binary);
-  std::string bytes(size, '\0');
-  stream.read(bytes.data(), static_cast<std::streamsize>(size));
-  if (stream.bad() || !stream.is_open()) throw RuntimeError("cannot read " + file.string());
-  bytes.resize(static_cast<std::size_t>(stream.gcount()));
-  return bytes;
-}
-
-void WriteWhole(const std::filesystem::path& file, std::string_view bytes) {
-  std::filesystem::path fresh = file;
-  fresh += "." + std::to_string(getpid()) + ".tmp";
+/// Fills the file `fresh` and puts it in the place of `file`. False if another writer that held it has put it
+/// there meanwhile.
+bool Replace(const std::filesystem::path& file, const std::filesystem::path& fresh, std::string_view bytes) {
+  const Descriptor target(fresh, O_WRONLY | O_CREAT | O_CLOEXEC);
+  target.Hold();
+  if (!target.IsNamed(fresh)) return false;
   std::error_code error;
   try {
-    const Descriptor target(fresh, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC);
+    target.Clear();
     target.Write(bytes);
     target.Flush();
     std::filesystem::rename(fresh, file, error);
@@ -69,8 +77,47 @@ void WriteWhole(const std::filesystem::path& file, std::string_view bytes) {
     std::filesystem::remove(fresh, error);
     throw;
   }
+  return true;
+}
+
+}  // namespace
+
+std::filesystem::path HostPath(std::string_view name) {
+  std::string path(name);
+  std::ranges::replace(path, '\\', '/');
+  return path;
+}
+
+std::string ReadStart(const std::filesystem::path& file, std::size_t most) {
+  std::error_code error;
+  const bool plain = std::filesystem::is_regular_file(file, error);
+  std::ifstream stream(file, std::ios::binary | std::ios::ate);
+  if (!plain || !stream) throw RuntimeError("cannot read " + file.string());
+  // The size is that of the file as opened: another one may be put in its place at any moment.
+  std::string bytes(std::min(static_cast<std::size_t>(stream.tellg()), most), '\0');
+  stream.seekg(0);
+  stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  if (stream.bad()) throw RuntimeError("cannot read " + file.string());
+  bytes.resize(static_cast<std::size_t>(stream.gcount()));
+  return bytes;
+}
+
+std::string ReadWhole(const std::filesystem::path& file, std::size_t most) {
+  std::string bytes = ReadStart(file, most + 1);
+  if (bytes.size() > most) throw RuntimeError("too long: " + file.string());
+  return bytes;
+}
+
+void WriteWhole(const std::filesystem::path& file, std::string_view bytes) {
+  std::filesystem::path fresh = file;
+  // One name for all writers: what a killed one leaves behind is taken over by the next. Other users have
+  // their own, since they could not open this one.
+  fresh += "." + std::to_string(getuid()) + ".tmp";
+  while (!Replace(file, fresh, bytes)) {
+  }
+  // The file is in place; not every file system can flush a folder.
   const std::filesystem::path folder = file.has_parent_path() ? file.parent_path() : ".";
-  Descriptor(folder, O_RDONLY | O_DIRECTORY | O_CLOEXEC).Flush();
+  ResumeNext([&] { Descriptor(folder, O_RDONLY | O_DIRECTORY | O_CLOEXEC).Flush(); });
 }
 
 std::string_view FieldReader::Next() {
@@ -110,7 +157,9 @@ Double NumberOf(std::string_view field) {
   const auto point = std::ranges::count(digits, '.');
   const bool plain = digits.find_first_not_of("0123456789.") == std::string_view::npos;
   if (!plain || point > 1 || digits.size() == std::size_t(point)) throw RuntimeError("not a number");
-  return Val(text);
+  const Double number = Val(text);
+  if (!std::isfinite(number)) throw RuntimeError("overflow");
+  return number + 0.0;  // a minus before zero is gone with this
 }
 
 }  // namespace stage

@@ -9,6 +9,12 @@
 
 namespace stage {
 
+/// A file named with backslashes as the machine names it.
+std::filesystem::path HostPath(std::string_view name);
+
+/// The first bytes of a plain file, at most `most`. Raises RuntimeError if it cannot be read.
+std::string ReadStart(const std::filesystem::path& file, std::size_t most);
+
 /// All bytes of a plain file. Raises RuntimeError if it cannot be read or is longer than `most` bytes.
 std::string ReadWhole(const std::filesystem::path& file, std::size_t most);
 
