@@ -1,0 +1,64 @@
+#include "tools/replay/replay.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace {
+
+/// What a script prints, or the message of the line that cannot be done.
+std::string Play(const std::string& text) {
+  std::istringstream script(text);
+  std::ostringstream out;
+  try {
+    replay::Replay(script, out, tools::OwnFolder()).Run();
+  } catch (const replay::ScriptError& error) {
+    return error.what();
+  }
+  return out.str();
+}
+
+TEST(Replay, NamesTheLineThatCannotBeDone) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"start\nbogus", "line 2: no such line: bogus"},
+      {"# words\n\nscreen 1", "line 3: wrong number of values"},
+      {"state", "line 1: not before start: state"},
+      {"start\nset X 1", "line 2: no such name: X"},
+      {"start\nset Vidas 99999", "line 2: overflow"},
+      {"start\nset Vidas x", "line 2: not a number: x"},
+      {"start\nset TipoBox(600) 1", "line 2: index out of bounds"},
+      {"start\nset Timer2.Interval 70000", "line 2: interval out of range"},
+      {"start\nbeats -1", "line 2: not a whole number in range: -1"},
+      {"start\nbeat Nope", "line 2: no such timer: Nope"},
+      {"start\nrnd 1", "line 2: a draw lies between 0 and 1"},
+      {"start\nget Box(599)", "line 2: no such name: Box(599)"},
+      {"start\npicture /nowhere/x.png", "line 2: cannot write /nowhere/x.png"}};
+  for (const auto& [script, message] : cases) EXPECT_EQ(Play(script), message) << script;
+}
+
+TEST(Replay, AnswersAfterTheProgramHasEnded) {
+  EXPECT_EQ(Play("start\nclose\nget form ended\nclose\nget ended Vidas\nbeats 9\nget t"),
+            "{\"form\":\"game\",\"ended\":false}\n{\"ended\":true,\"Vidas\":3}\n{\"t\":1000}\n");
+}
+
+TEST(Replay, WritesWhatItReads) {
+  EXPECT_EQ(
+      Play("start\nset ball.Left 226.41508\nget ball.Left\nset ball.Left 226.4150848388672\nget ball.Left\n"
+           "set NomeRecord a \"b\\\nget NomeRecord\nset paused -1\nget paused\nset Box(1).Visible 0\n"
+           "get Box(1).Visible\nset Timer2.Interval 3000\nget Timer2.Interval\nset Pontos 70000\nget Pontos"),
+      "{\"ball.Left\":226.4150848388672}\n{\"ball.Left\":226.4150848388672}\n"
+      "{\"NomeRecord\":\"a "
+      "\\\"b\\\\\"}\n{\"paused\":-1}\n{\"Box(1).Visible\":0}\n{\"Timer2.Interval\":3000}\n"
+      "{\"Pontos\":70000}\n");
+}
+
+TEST(Replay, TicksOnlyTheTimersThatABeatNames) {
+  EXPECT_EQ(
+      Play("start\nkey 27\nset Vkorv 100\nset VelY -100\nset ball.Top 8000\nset BolaPresa 0\nset ball.Left "
+           "6000\n"
+           "beat Timer_Move\nget ball.Top\nbeat Timer_Move Timer_Move2\nget ball.Top\n"
+           "beat timerDefine\nget ball.Top\nbeats 1\nget ball.Top t"),
+      "{\"ball.Top\":7900}\n{\"ball.Top\":7700}\n{\"ball.Top\":7700}\n{\"ball.Top\":7500,\"t\":1062.5}\n");
+}
+
+}  // namespace
