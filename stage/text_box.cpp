@@ -15,7 +15,8 @@ bool IsControl(char32_t character) { return character < 32 || character == 127; 
 
 }  // namespace
 
-TextBox::TextBox(Container& container, const Design& design, const Style& style, std::string text, int most)
+TextBox::TextBox(Container& container, const Design& design, const Style& style, const std::string& text,
+                 int most)
     : Control(container, design, Layer::kWindow),
       style_(style),
       most_(most > 0 ? std::size_t(most) : std::u32string().max_size()),

@@ -12,7 +12,7 @@ namespace stage {
 class TextBox : public Control {
  public:
   /// `most` characters can be typed; 0 sets no limit. Assigned text is cut to it.
-  TextBox(Container& container, const Design& design, const Style& style, std::string text, int most);
+  TextBox(Container& container, const Design& design, const Style& style, const std::string& text, int most);
 
   void SetFocus();
 

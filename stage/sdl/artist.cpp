@@ -32,7 +32,10 @@ Pixel OnBlack(SDL_Color colour) {
 
 Uint32 PixelAt(const SDL_Surface& surface, int x, int y) {
   Uint32 value = 0;
-  std::memcpy(&value, static_cast<const Uint8*>(surface.pixels) + y * surface.pitch + x * 4, sizeof value);
+  std::memcpy(
+      &value,
+      static_cast<const Uint8*>(surface.pixels) + std::ptrdiff_t{y} * surface.pitch + std::ptrdiff_t{x} * 4,
+      sizeof value);
   return value;
 }
 

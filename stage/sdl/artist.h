@@ -6,7 +6,7 @@
 
 #include "stage/artist.h"
 
-struct _TTF_Font;
+struct _TTF_Font;  // NOLINT(bugprone-reserved-identifier): SDL2_ttf names it so
 
 namespace stage::sdl {
 
