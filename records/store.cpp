@@ -88,7 +88,8 @@ void Getrecords(Module1& modulo) {
   const std::filesystem::path arquivo = Arquivo(modulo, "kv_his.dat");
   std::error_code erro;
   const bool existe = std::filesystem::exists(arquivo, erro);
-  const bool vazio = std::filesystem::is_regular_file(arquivo, erro) && std::filesystem::is_empty(arquivo, erro);
+  const bool vazio =
+      std::filesystem::is_regular_file(arquivo, erro) && std::filesystem::is_empty(arquivo, erro);
   try {
     if (existe && !vazio) return LeTabela(modulo, stage::ReadStart(arquivo, kMaisBytes));
   } catch (const RuntimeError&) {

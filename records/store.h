@@ -16,8 +16,8 @@ void Getrecords(Module1& modulo);
 /// said in one line on stderr.
 void GravaRecords(Module1& modulo);
 
-/// Fills the table from the text of a records file. Raises RuntimeError at the first damage; the rows before it
-/// are in the table then.
+/// Fills the table from the text of a records file. Raises RuntimeError at the first damage; the rows before
+/// it are in the table then.
 void LeTabela(Module1& modulo, std::string_view bytes);
 std::string TextoDaTabela(Module1& modulo);
 

@@ -1,6 +1,6 @@
 #include "stage/controls.h"
 
-#include <ranges>
+#include <algorithm>
 
 #include "stage/form.h"
 
@@ -14,7 +14,7 @@ void Container::Add(Control& control) {
 }
 
 void Container::Remove(const Control& control) {
-  const auto last = std::ranges::find(layers_ | std::views::reverse, &control);
+  const auto last = std::find(layers_.rbegin(), layers_.rend(), &control);
   layers_.erase(std::next(last).base());
 }
 
@@ -31,8 +31,8 @@ void Container::BringToFront(Control& control) {
 }
 
 Control* Container::At(TwipPoint point) const {
-  for (Control* control : layers_ | std::views::reverse) {
-    if (control->Visible && control->Area().Contains(point)) return control->At(point);
+  for (auto control = layers_.rbegin(); control != layers_.rend(); ++control) {
+    if ((*control)->Visible && (*control)->Area().Contains(point)) return (*control)->At(point);
   }
   return nullptr;
 }

@@ -1,8 +1,6 @@
 // What comes from outside, brought to the form and the control that it concerns.
 #include "stage/stage.h"
 
-#include <ranges>
-
 namespace stage {
 
 void Stage::Dispatch(const Event& event) {
@@ -11,9 +9,9 @@ void Stage::Dispatch(const Event& event) {
 }
 
 std::shared_ptr<Form> Stage::FormUnderPointer() const {
-  for (const auto& form : forms_ | std::views::reverse) {
-    if (form->Interior().Contains(pointer_)) return form;
-    if (!modal_.empty() && form.get() == modal_.back()) break;
+  for (auto form = forms_.rbegin(); form != forms_.rend(); ++form) {
+    if ((*form)->Interior().Contains(pointer_)) return *form;
+    if (!modal_.empty() && form->get() == modal_.back()) break;
   }
   return nullptr;
 }

@@ -1,6 +1,6 @@
 #include "stage/painter.h"
 
-#include <ranges>
+#include <algorithm>
 
 namespace stage {
 
@@ -29,7 +29,7 @@ void Painter::Compose(const Framebuffer& target, const PixelRect& rect, const Fo
   const auto covers = [&](const auto& form) {
     return form->Opaque() && viewport_->ToPixels(form->Interior()).Covers(rect);
   };
-  const auto covering = std::ranges::find_if(forms | std::views::reverse, covers);
+  const auto covering = std::find_if(forms.rbegin(), forms.rend(), covers);
   auto lowest = forms.begin();
   if (covering != forms.rend()) {
     lowest = std::prev(covering.base());

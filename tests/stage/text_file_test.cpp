@@ -77,13 +77,4 @@ TEST(TextFile, TwoWritersAtOnceLeaveItWhole) {
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
 }
 
-TEST(TextFile, WhatAKilledWriterLeftIsTakenOver) {
-  const tools::TempFolder folder;
-  const auto file = folder.Path() / "a";
-  tests::WriteFile(file.string() + "." + std::to_string(getuid()) + ".tmp", std::string(5000, 'x'));
-  stage::WriteWhole(file, "new");
-  EXPECT_EQ(tests::ReadFile(file), "new");
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
-}
-
 }  // namespace

@@ -1,0 +1,185 @@
+#include <gtest/gtest.h>
+
+#include "tests/player.h"
+
+namespace {
+
+using namespace tests;
+
+constexpr int kMark = 2250;  // a quarter of the form's height
+
+class Medida : public Mesa {
+ public:
+  using Mesa::Mesa;
+
+  std::filesystem::path Ini() const { return folder.Path() / "config.ini"; }
+  void Clock(Double seconds) { platform->SetSecondsOfDay(seconds - Double(platform->Now().count()) / 1e6); }
+  /// A click on the field beside the paddle, at this second of the day.
+  void Launch(Double second) {
+    Beats(1);
+    Clock(second);
+    platform->MoveTo(6000, 5000);
+    platform->Send(stage::PointerPressed{});
+    Do();
+    ASSERT_TRUE(Jogo().timerDefine.Enabled);
+  }
+  /// Beats of play until the measuring is over.
+  int BeatsToTheMark() {
+    int beats = 0;
+    for (; Jogo().timerDefine.Enabled && beats < 1000; ++beats) Beats(1);
+    return beats;
+  }
+};
+
+struct Measure {
+  const char* what;
+  int speed;
+  Double start;  // seconds of the day
+  Double end;
+  int result;
+  bool stored = true;
+};
+
+TEST(Calibration, ScalesTheStepByTheTimeTaken) {
+  const Measure measures[] = {{"half as fast as wished", 300, 43200, 43200.5, 600},
+                              {"twice as fast", 300, 43200, 43200.125, 150},
+                              {"as wished", 300, 43200, 43200.25, 300},
+                              {"halves go to the even neighbour", 2, 0, 0.3125, 2},
+                              {"halves go to the even neighbour, odd below", 6, 0, 0.3125, 8},
+                              {"no time at all", 300, 43200, 43200, 0},
+                              {"longest", 300, 100, 127.25, 32700},
+                              {"too long", 300, 100, 127.5, 300, false},
+                              {"past midnight", 300, 86399.75, 0.25, 300, false},
+                              {"the clock set back", 300, 43200, 43199.5, -600},
+                              {"downward", -200, 43200, 43200.5, -400}};
+  for (const Measure& measure : measures) {
+    SCOPED_TRACE(measure.what);
+    const std::string ini = "; mine\n[OTHER]\nVkorv=7\n[Setup]\nvkorv = " + std::to_string(measure.speed);
+    Medida mesa({{"levels/1.sav", kQuietLevel}, {"config.ini", ini + "\nmore=1"}});
+    game& jogo = mesa.Jogo();
+    mesa.Launch(measure.start);
+    EXPECT_EQ(jogo.TempoInicial, Single(measure.start * 100));
+    jogo.ball.Top = Single(Double(jogo.TopoInicial) - kMark + 1);
+    jogo.VelX = 77;
+    jogo.VelY = 55;
+    jogo.timerDefine_Timer();
+    EXPECT_TRUE(jogo.timerDefine.Enabled);
+    EXPECT_EQ(std::pair(jogo.VelX, jogo.VelY), std::pair(0.0, Double(-measure.speed)));
+    jogo.ball.Top = Single(Double(jogo.TopoInicial) - kMark);
+    mesa.Clock(measure.end);
+    jogo.timerDefine_Timer();
+    EXPECT_FALSE(jogo.timerDefine.Enabled);
+    EXPECT_EQ(mesa.programa->Module1.Vkorv, measure.result);
+    EXPECT_EQ(std::pair(jogo.VelX, jogo.VelY), std::pair(0.0, Double(-measure.result)));
+    const std::string stored = "; mine\n[OTHER]\nVkorv=7\n[Setup]\nvkorv =" + std::to_string(measure.result);
+    EXPECT_EQ(ReadFile(mesa.Ini()), (measure.stored ? stored : ini) + "\nmore=1");
+  }
+}
+
+TEST(Calibration, MeasuresThePlayItself) {
+  struct Way {
+    const char* what;
+    std::function<void(Medida&)> meanwhile;
+    int beats;  // of play that pass in it
+  };
+  const auto pause = [](Medida& mesa) {
+    const Move wait = [&mesa] { mesa.platform->PassTo(stage::kBeat); };
+    std::vector<Move> moves(64, wait);
+    moves.emplace_back([&mesa] { mesa.Press(80); });
+    mesa.Press(80);
+    Play(mesa, moves, [&] { mesa.Do(); });
+  };
+  const auto held = [](Medida& mesa) {
+    mesa.Jogo().BolaPresa = true;
+    mesa.Beats(32);
+    EXPECT_TRUE(mesa.Jogo().timerDefine.Enabled);
+    mesa.Press(32);
+    mesa.Do();
+  };
+  // Two steps of 300 a beat: four beats take the ball 2400 up.
+  const Way ways[] = {{"undisturbed", [](Medida&) {}, 4},
+                      {"paused after two beats",
+                       [&](Medida& mesa) {
+                         mesa.Beats(2);
+                         pause(mesa);
+                       },
+                       4 + 64},
+                      {"held again after two beats",
+                       [&](Medida& mesa) {
+                         mesa.Beats(2);
+                         held(mesa);
+                       },
+                       2 + 32 + 4}};
+  for (const Way& way : ways) {
+    SCOPED_TRACE(way.what);
+    Medida mesa;
+    mesa.Launch(0);
+    const auto start = mesa.platform->Now();
+    way.meanwhile(mesa);
+    mesa.BeatsToTheMark();
+    EXPECT_EQ((mesa.platform->Now() - start) / stage::kBeat, way.beats);
+    const int speed = static_cast<int>(std::nearbyint(300 * (way.beats * 100 / 64.0) / 25));
+    EXPECT_EQ(mesa.programa->Module1.Vkorv, speed);
+    EXPECT_EQ(ReadFile(mesa.Ini()), "[SETUP]\r\nVkorv=" + std::to_string(speed) + "\r\n");
+    // Once a run, also after a new game has begun.
+    mesa.Jogo().BolaPresa = true;
+    mesa.platform->Send(stage::PointerPressed{});
+    mesa.Do();
+    EXPECT_FALSE(mesa.Jogo().timerDefine.Enabled || mesa.Jogo().BolaPresa);
+  }
+}
+
+TEST(Calibration, IsNotForOtherLaunches) {
+  for (const bool space : {true, false}) {
+    SCOPED_TRACE(space);
+    Medida mesa;
+    mesa.Beats(1);
+    game& jogo = mesa.Jogo();
+    if (space) {
+      mesa.Press(32);
+    } else {
+      mesa.platform->MoveTo(6000, jogo.User.Top * 0.9 + 100);
+      mesa.Do();
+      jogo.User.Left = 5900;
+      mesa.platform->Send(stage::PointerPressed{});
+    }
+    mesa.Beats(8);
+    EXPECT_FALSE(jogo.BolaPresa || jogo.timerDefine.Enabled || mesa.programa->Module1.Iniciado);
+    EXPECT_LT(jogo.ball.Top, jogo.User.Top - kMark);
+    EXPECT_FALSE(std::filesystem::exists(mesa.Ini()));
+  }
+}
+
+TEST(Calibration, AFileThatCannotBeWrittenHoldsForTheRun) {
+  Medida mesa;
+  std::filesystem::create_directory(mesa.Ini());
+  mesa.Launch(0);
+  testing::internal::CaptureStderr();
+  mesa.BeatsToTheMark();
+  const std::string said = testing::internal::GetCapturedStderr();
+  EXPECT_EQ(std::ranges::count(said, '\n'), 1) << said;
+  EXPECT_EQ(mesa.programa->Module1.Vkorv, 75);
+}
+
+TEST(StoredSpeed, IsReadAsANumber) {
+  const std::string noughts(250, '0');
+  const std::pair<std::string, int> files[] = {{"[SETUP]\r\nVkorv=420\r\n", 420},
+                                               {"[other]\nx=1\n[sEtUp]\n ; no\n  vKORV \t= 410 fast\n", 410},
+                                               {"[SETUP]\nVkorv=2.5", 2},
+                                               {"[SETUP]\nVkorv=3.5", 4},
+                                               {"[SETUP]\nVkorv=-250", -250},
+                                               {"[SETUP]\nVkorv=40000", 300},
+                                               {"[SETUP]\nVkorv=", 300},
+                                               {"[SETUP]\nVkorv=0.5", 300},
+                                               {"[SETUP]\nVkorv=fast 5", 300},
+                                               {"[SETUP]\nVkorv2=5\n;Vkorv=6\n[NEXT]\nVkorv=7", 300},
+                                               {"[SETUP]\nVkorv=" + noughts + "1234567", 1234},
+                                               {std::string(2 << 20, '\n') + "[SETUP]\nVkorv=5", 300}};
+  for (const auto& [text, speed] : files) {
+    Medida mesa({{"levels/1.sav", kQuietLevel}, {"config.ini", text}});
+    EXPECT_EQ(mesa.programa->Module1.Vkorv, speed) << text.substr(0, 60);
+    EXPECT_EQ(mesa.Jogo().VelY, -speed);
+  }
+}
+
+}  // namespace

@@ -1,0 +1,165 @@
+// The screens that come over the play form: what closes them, and what they leave as it was.
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "records/FrmMostraRecords.h"
+#include "screens/FrmHelp.h"
+#include "screens/pointer.h"
+#include "tests/player.h"
+
+namespace {
+
+using namespace tests;
+
+struct Screen {
+  const char* form;
+  int opened_by;  // a key; 0 if the game shows it without one
+  std::set<int> closed_by;
+  bool by_click;
+};
+
+const Screen kScreens[] = {{"FrmHelp", 112, {112, 13, 27}, true},
+                           {"pause", 80, {80, 19, 13, 27}, false},
+                           {"FrmMostraRecords", 0, {13, 27}, true}};
+
+/// Opens the screen, does something at it, tells whether that closed it and comes back to the play form.
+bool Closes(Mesa& mesa, const Screen& screen, const Move& act) {
+  bool closed = true;
+  const Move first = [&] {
+    EXPECT_EQ(mesa.FormName(), screen.form);
+    act();
+    // Behind it waits what must find the screen gone or still there.
+    mesa.platform->Send(stage::KeyReleased{});
+  };
+  bool acted = false;
+  mesa.platform->Director = [&] {
+    if (!acted) return acted = true, first();
+    closed = false;
+    mesa.Press(13);
+  };
+  if (screen.opened_by == 0) {
+    mesa.programa->FrmMostraRecords.Show(stage::kModal);
+  } else {
+    mesa.Press(screen.opened_by);
+    mesa.Do();
+  }
+  mesa.platform->Director = nullptr;
+  EXPECT_EQ(mesa.FormName(), "game");
+  return closed;
+}
+
+TEST(Screens, CloseByTheirKeysAndNoOthers) {
+  for (const Screen& screen : kScreens) {
+    Mesa mesa;
+    for (int code = 1; code < 256; ++code) {
+      EXPECT_EQ(Closes(mesa, screen, [&] { mesa.Press(code); }), screen.closed_by.contains(code))
+          << screen.form << ' ' << code;
+      EXPECT_TRUE(mesa.Jogo().BolaPresa && !mesa.Jogo().paused);
+    }
+  }
+}
+
+TEST(Screens, CloseByAClickAnywhereOrNowhere) {
+  for (const Screen& screen : kScreens) {
+    Mesa mesa({{"levels/1.sav", kQuietLevel}}, {16000, 9000});
+    std::vector<std::pair<Double, Double>> places;
+    for (Double x = 10; x < 16000; x += 999) {
+      for (Double y = 10; y < 9000; y += 499) places.emplace_back(x, y);
+    }
+    // Every control of the form has a place of its own.
+    Closes(mesa, screen, [&] {
+      for (const stage::Control* control : All<stage::Control>(*mesa.Palco().ActiveForm())) {
+        const stage::TwipRect area = control->Area();
+        places.emplace_back(area.left + 5, area.top + 5);
+      }
+    });
+    for (const auto& [x, y] : places) {
+      const bool closed = Closes(mesa, screen, [&, x = x, y = y] {
+        mesa.platform->MoveTo(x, y);
+        mesa.platform->Send(stage::PointerPressed{});
+      });
+      EXPECT_EQ(closed, screen.by_click) << screen.form << ' ' << x << ' ' << y;
+    }
+    EXPECT_TRUE(mesa.Jogo().BolaPresa);
+  }
+}
+
+TEST(Screens, LeaveThePaddleAndTheBallWhereTheyWere) {
+  for (const int opened_by : {112, 80, 19}) {
+    for (const bool flying : {false, true}) {
+      Mesa mesa;
+      game& jogo = mesa.Jogo();
+      mesa.platform->MoveTo(3000, 6500);
+      mesa.Beats(2);
+      if (flying) mesa.platform->Send(stage::PointerPressed{});
+      mesa.Beats(2);
+      const Double paddle = jogo.User.Left;
+      const auto ball = [&] { return std::pair<Double, Double>(jogo.ball.Left, jogo.ball.Top); };
+      const auto before = ball();
+      const auto away = [&] {
+        EXPECT_TRUE(jogo.paused);
+        EXPECT_EQ(mesa.Palco().CursorCounter(), -1);
+        mesa.platform->MoveTo(9000, 6000);
+      };
+      const Move wait = [&] { mesa.platform->PassTo(stage::kBeat); };
+      const auto back = [&] {
+        EXPECT_EQ(jogo.User.Left, paddle);
+        EXPECT_EQ(ball(), before);
+        mesa.Press(27);
+      };
+      mesa.Press(opened_by);
+      Play(mesa, {away, wait, wait, wait, back}, [&] { mesa.Do(); });
+      mesa.Do();
+      EXPECT_EQ(jogo.User.Left, paddle);
+      EXPECT_EQ(mesa.platform->PointerPlace().x, 200);
+      EXPECT_FALSE(jogo.paused);
+      EXPECT_EQ(jogo.BolaPresa, !flying);
+      mesa.Beats(1);
+      EXPECT_EQ(ball() != before, flying);
+    }
+  }
+}
+
+TEST(Screens, LeaveAPaddleThatTheMouseHasNotTakenYet) {
+  Mesa mesa;
+  for (const int opened_by : {112, 80}) {
+    const Double paddle = mesa.Jogo().User.Left;
+    mesa.Press(opened_by);
+    Play(mesa, {[&] { mesa.Press(27); }}, [&] { mesa.Do(); });
+    mesa.Beats(1);
+    EXPECT_EQ(mesa.Jogo().User.Left, paddle);
+  }
+}
+
+TEST(Screens, OfNoUseWhileTheBallOfAnotherLaunchFlies) {
+  Mesa mesa;
+  mesa.Press(32);
+  mesa.Beats(2);
+  for (const int code : {112, 80, 19}) {
+    mesa.Press(code);
+    Play(mesa, {}, [&] { mesa.Do(); });
+  }
+  mesa.Jogo().BolaPresa = true;
+  EXPECT_TRUE(Closes(mesa, kScreens[1], [&] { mesa.Press(80); }));
+}
+
+TEST(Pointer, GoesToItsSideOfTheCounter) {
+  struct Case {
+    int from;
+    int hidden;
+    int shown;
+  };
+  for (const Case& test : {Case{0, -1, 1}, Case{3, -1, 4}, Case{-1, -2, 0}, Case{-4, -5, 0}}) {
+    for (const bool hide : {true, false}) {
+      Mesa mesa;
+      stage::Stage& palco = mesa.Palco();
+      while (palco.CursorCounter() < test.from) palco.ShowCursor(true);
+      while (palco.CursorCounter() > test.from) palco.ShowCursor(false);
+      hide ? EscondeCursor(palco) : MostraCursor(palco);
+      EXPECT_EQ(palco.CursorCounter(), hide ? test.hidden : test.shown) << test.from;
+    }
+  }
+}
+
+}  // namespace

@@ -1,0 +1,164 @@
+// Kills writers of the records and the speed at random moments, over and over, and looks at the files after
+// each time: "korvane-killtest TIMES". Exits 1 at the first file that is neither the old nor the new one.
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <optional>
+#include <random>
+
+#include "records/store.h"
+#include "stage/profile.h"
+#include "tools/temp_folder.h"
+
+namespace {
+
+using namespace korvane;
+
+constexpr int kLongestLife = 15000;  // microseconds
+
+std::string ReadFile(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+/// The name in row `r` of the table that a writer stores at a turn. Tables differ in length.
+std::string NameOf(int writer, int turn, int r) {
+  return std::string(std::size_t(turn % 17), '.') + std::to_string(writer) + ' ' + std::to_string(turn) +
+         ' ' + std::to_string(r);
+}
+
+std::string RecordsOf(int writer, int turn) {
+  std::string text;
+  for (int r = 1; r <= 10; ++r)
+    text += '"' + NameOf(writer, turn, r) + "\"\r\n" + std::to_string(turn) + "\r\n";
+  return text;
+}
+
+int SpeedOf(int writer, int turn) { return turn % 15000 * 2 + writer; }
+
+std::string ConfigOf(int writer, int turn) {
+  return "; mine\n[SETUP]\nVkorv=" + std::to_string(SpeedOf(writer, turn)) + "\n[OTHER]\nVkorv=1\n";
+}
+
+/// How far a writer has come, as it tells through a pipe.
+struct Told {
+  int records = 0;
+  int config = 0;
+};
+
+[[noreturn]] void Write(const std::filesystem::path& folder, int writer, int first, int pipe) {
+  Module1 modulo;
+  modulo.AppPath = folder.string();
+  Told told{first - 1, first - 1};
+  for (int turn = first;; ++turn) {
+    for (Integer r = 1; r <= 10; r = r + 1) {
+      modulo.RecNome(r) = NameOf(writer, turn, r);
+      modulo.RecPontos(r) = turn;
+    }
+    GravaRecords(modulo);
+    told.records = turn;
+    if (write(pipe, &told, sizeof told) != sizeof told) _exit(2);
+    stage::WritePrivateProfileStringA("SETUP", "Vkorv", std::to_string(SpeedOf(writer, turn)),
+                                      modulo.AppPath + "\\config.ini");
+    told.config = turn;
+    if (write(pipe, &told, sizeof told) != sizeof told) _exit(2);
+  }
+}
+
+class Writer {
+ public:
+  Writer(const std::filesystem::path& folder, int number, int first) : number_(number), first_(first) {
+    if (pipe(pipe_.data()) != 0) throw std::runtime_error("no pipe");
+    child_ = fork();
+    if (child_ < 0) throw std::runtime_error("no process");
+    if (child_ == 0) Write(folder, number, first, pipe_[1]);
+    close(pipe_[1]);
+  }
+  Writer(const Writer&) = delete;
+  Writer& operator=(const Writer&) = delete;
+  ~Writer() { close(pipe_[0]); }
+
+  void Kill() {
+    kill(child_, SIGKILL);
+    waitpid(child_, nullptr, 0);
+    told_ = {first_ - 1, first_ - 1};
+    while (read(pipe_[0], &told_, sizeof told_) == sizeof told_) {
+    }
+  }
+  /// The last turn that was done, or the one that was under way.
+  bool MayHaveLeft(const std::string& records) const {
+    return records == RecordsOf(number_, told_.records) || records == RecordsOf(number_, told_.records + 1);
+  }
+  bool MayHaveLeftConfig(const std::string& config) const {
+    return config == ConfigOf(number_, told_.config) || config == ConfigOf(number_, told_.config + 1);
+  }
+  int Turns() const { return told_.records; }
+
+ private:
+  int number_;
+  int first_;
+  pid_t child_ = -1;
+  std::array<int, 2> pipe_{};
+  Told told_;
+};
+
+struct Count {
+  int rounds = 0;
+  int turns = 0;
+  int left_behind = 0;
+};
+
+/// One or two writers at a time; false if a file is not whole. With two, one may have had the last word on
+/// each file.
+bool Round(const std::filesystem::path& folder, std::mt19937& any, Count& count) {
+  const std::filesystem::path records = folder / "kv_his.dat";
+  const std::filesystem::path config = folder / "config.ini";
+  const std::string old_records = ReadFile(records);
+  const std::string old_config = ReadFile(config);
+  const int first = count.turns + 2;
+  Writer one(folder, 0, first);
+  std::optional<Writer> other;
+  if (count.rounds % 2 == 1) other.emplace(folder, 1, first);
+  usleep(std::uniform_int_distribution<useconds_t>(0, kLongestLife)(any));
+  one.Kill();
+  if (other) other->Kill();
+  const std::string new_records = ReadFile(records);
+  const std::string new_config = ReadFile(config);
+  const auto of_other = [&](auto left, const std::string& text) { return other && ((*other).*left)(text); };
+  const bool whole = new_records == old_records || one.MayHaveLeft(new_records) ||
+                     of_other(&Writer::MayHaveLeft, new_records);
+  const bool config_whole = new_config == old_config || one.MayHaveLeftConfig(new_config) ||
+                            of_other(&Writer::MayHaveLeftConfig, new_config);
+  if (!whole) std::cerr << "kv_his.dat is neither old nor new:\n" << new_records;
+  if (!config_whole) std::cerr << "config.ini is neither old nor new:\n" << new_config;
+  const bool old_stays = new_records == old_records && one.Turns() >= first;
+  if (old_stays) std::cerr << "a record that was stored is gone\n";
+  count.turns = std::max(one.Turns(), other ? other->Turns() : 0);
+  return whole && config_whole && !old_stays;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  const int times = count > 1 ? std::atoi(arguments[1]) : 500;
+  const tools::TempFolder folder;
+  std::mt19937 any(std::random_device{}());
+  std::ofstream(folder.Path() / "config.ini") << ConfigOf(0, 0);
+  std::ofstream(folder.Path() / "kv_his.dat") << RecordsOf(0, 0);
+  Count done;
+  std::ptrdiff_t most_files = 0;
+  for (; done.rounds < times; ++done.rounds) {
+    if (!Round(folder.Path(), any, done)) return 1;
+    const auto files = std::distance(std::filesystem::directory_iterator(folder.Path()), {});
+    done.left_behind += files > 2 ? 1 : 0;
+    most_files = std::max(most_files, files);
+  }
+  std::cout << times << " times killed, " << done.left_behind << " left a file under way, " << done.turns
+            << " tables written, at most " << most_files << " files\n";
+  return most_files <= 4 ? 0 : 1;
+}
