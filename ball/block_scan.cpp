@@ -5,40 +5,53 @@
 namespace korvane {
 namespace {
 
-Single Direita(const stage::Image& imagem) { return Single(imagem.Left + imagem.Width); }
 Single Fundo(const stage::Image& imagem) { return Single(imagem.Top + imagem.Height); }
+
+/// The ball's edges, where they are and where the coming step takes them.
+struct Alcance {
+  Alcance(const stage::Image& ball, Double VelX, Double VelY)
+      : bL(Single(ball.Left)),
+        bT(Single(ball.Top)),
+        bR(Single(ball.Left + ball.Width)),
+        bB(Fundo(ball)),
+        meio(Single(ball.Height / 2 + ball.Top)),
+        passo_L(Single(ball.Left + VelX)),
+        passo_T(Single(ball.Top + VelY)),
+        passo_R(Single(ball.Left + ball.Width + VelX)),
+        passo_B(Single(ball.Top + ball.Height + VelY)) {}
+
+  Single bL, bT, bR, bB, meio;
+  Single passo_L, passo_T, passo_R, passo_B;
+};
+
+/// The way the ball goes back from the block; empty if it does not meet it.
+std::string_view LadoBatido(const Alcance& b, const stage::Image& bloco) {
+  const Single L = bloco.Left.Get();
+  const Single T = bloco.Top.Get();
+  const auto R = Single(bloco.Left + bloco.Width);
+  const Single B = Fundo(bloco);
+
+  if (R >= b.bL && b.bR >= L && B >= b.passo_T && b.bB >= T) return "down";
+  if (b.passo_R >= L && R >= b.bL && b.meio >= T && B >= b.bT) return "left";
+  if (R >= b.passo_L && b.bR >= L && b.meio >= T && B >= b.bT) return "right";
+  if (R >= b.bL && b.bR >= L && b.passo_B >= T && B >= b.bT) return "up";
+  return {};
+}
 
 }  // namespace
 
 void game::ProcuraBox() {
   if (!Box.Exists(ProximoBox)) return;  // no level stands
   if (!Box(ProximoBox).Visible && Fundo(Box(ProximoBox - 1)) < ball.Top) return;
-  for (Integer i = ProximoBox; i >= 1; i = i - 1) {
-    const std::string_view lado = LadoBatido(Box(i));
+  const Alcance alcance(ball, VelX, VelY);
+  for (int i = ProximoBox; i >= 1; --i) {
+    const stage::Image& bloco = Box(i);
+    if (!bloco.Visible) continue;
+    const std::string_view lado = LadoBatido(alcance, bloco);
     if (lado.empty()) continue;
     ResumeNext([&] { hos(lado, i); });
     return;
   }
-}
-
-/// The way the ball goes back from the block; empty if it does not meet it.
-std::string_view game::LadoBatido(stage::Image& bloco) {
-  if (!bloco.Visible) return {};
-  const Double L = bloco.Left;
-  const Double T = bloco.Top;
-  const Double R = Direita(bloco);
-  const Double B = Fundo(bloco);
-  const Double bL = ball.Left;
-  const Double bT = ball.Top;
-  const Double bR = Direita(ball);
-  const Double bB = Fundo(ball);
-  const Double meio = Single(ball.Height / 2 + ball.Top);
-
-  if (R >= bL && bR >= L && B >= Single(bT + VelY) && bB >= T) return "down";
-  if (Single(bL + ball.Width + VelX) >= L && R >= bL && meio >= T && B >= bT) return "left";
-  if (R >= Single(bL + VelX) && bR >= L && meio >= T && B >= bT) return "right";
-  if (R >= bL && bR >= L && Single(bT + ball.Height + VelY) >= T && B >= bT) return "up";
-  return {};
 }
 
 }  // namespace korvane

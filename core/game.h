@@ -166,7 +166,6 @@ class game : public stage::Form {
   bool PerdeBola();
   bool LimpaFase();
   void AvancaBola();
-  std::string_view LadoBatido(stage::Image& bloco);
 
   // What a hit does.
   void InverteVelocidade(std::string_view Side);

@@ -1,6 +1,7 @@
 // Plays every script under tests/replays and holds what it prints against the lines of the script that begin
 // with
-// "#=". "#level N RECORD..." gives the run a level of its own, "#file NAME TEXT" any other file.
+// "#=". "#level N RECORD..." gives the run a level of its own, in which "598*RECORD" stands for as many of
+// the same; "#file NAME TEXT" gives it any other file.
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -13,6 +14,15 @@ namespace {
 std::string Unescaped(std::string text) {
   for (std::size_t at = 0; (at = text.find("\\n", at)) != std::string::npos;) text.replace(at, 2, "\n");
   return text;
+}
+
+/// A record of a level, as often as it is asked for.
+std::string Records(const std::string& word) {
+  const std::size_t star = word.find('*');
+  const int count = star == std::string::npos ? 1 : std::stoi(word);
+  std::string records;
+  for (int i = 0; i < count; ++i) records += word.substr(star + 1) + "\r\n";
+  return records;
 }
 
 struct Script {
@@ -35,7 +45,7 @@ Script ReadScript(const std::filesystem::path& file, const std::filesystem::path
     words >> name;
     std::string content;
     if (verb == "#level") {
-      for (std::string record; words >> record;) content += record + "\r\n";
+      for (std::string record; words >> record;) content += Records(record);
       name = "levels/" + name + ".sav";
     } else {
       std::getline(words >> std::ws, content);

@@ -25,9 +25,12 @@ std::string Stretched(std::string_view svg, PixelSize size) {
          std::string(svg.substr(view));
 }
 
-Pixel OnBlack(SDL_Color colour) {
-  const auto part = [&](Uint8 value) { return (value * colour.a + 127U) / 255U; };
-  return part(colour.r) << 16 | part(colour.g) << 8 | part(colour.b);
+/// A pixel with its alpha in the high byte, laid on black.
+Pixel OnBlack(Uint32 pixel) {
+  const Uint32 alpha = pixel >> 24;
+  if (alpha == 255) return pixel & 0xFFFFFF;
+  const auto part = [&](unsigned shift) { return ((pixel >> shift & 255U) * alpha + 127U) / 255U << shift; };
+  return part(16) | part(8) | part(0);
 }
 
 Uint32 PixelAt(const SDL_Surface& surface, int x, int y) {
@@ -60,9 +63,7 @@ Bitmap Artist::Draw(std::string_view svg, PixelSize size) {
   if (!plain) return bitmap;
   for (int y = 0; y < std::min(size.height, plain->h); ++y) {
     for (int x = 0; x < std::min(size.width, plain->w); ++x) {
-      SDL_Color colour{};
-      SDL_GetRGBA(PixelAt(*plain, x, y), plain->format, &colour.r, &colour.g, &colour.b, &colour.a);
-      bitmap.pixels[bitmap.Index(x, y)] = OnBlack(colour);
+      bitmap.pixels[bitmap.Index(x, y)] = OnBlack(PixelAt(*plain, x, y));
     }
   }
   return bitmap;

@@ -100,17 +100,6 @@ TEST(Blinking, HardBlocksThatTurnWhileHiddenAreShown) {
   EXPECT_EQ(mesa.Seen(), (Seen{true, true, true})) << "they no longer blink";
 }
 
-TEST(Blinking, GivesWayTwiceABlock) {
-  Blinking mesa(5);
-  game& jogo = mesa.Jogo();
-  jogo.EstadoPisca = true;
-  std::vector<Seen> seen;
-  mesa.Yielding([&] { jogo.TimerPisca_Timer(); }, [&](int) { seen.push_back(mesa.Seen()); });
-  const std::vector<Seen> expected{{true, true, true},  {false, true, true}, {false, true, true},
-                                   {false, true, true}, {false, true, true}, {false, true, false}};
-  EXPECT_EQ(seen, expected);
-}
-
 TEST(Blinking, ALevelThatGoesInAYieldEndsTheTick) {
   for (int at = 1; at <= 6; ++at) {
     SCOPED_TRACE(at);
@@ -127,18 +116,6 @@ TEST(Blinking, ALevelThatGoesInAYieldEndsTheTick) {
     EXPECT_EQ(mesa.Seen(), (Seen{true, true, true}));
     EXPECT_TRUE(jogo.TimerPisca.Enabled);
   }
-}
-
-TEST(Blinking, AJumpTypedWhileTheTickGivesWayEndsIt) {
-  Blinking mesa(5);
-  game& jogo = mesa.Jogo();
-  jogo.EstadoPisca = true;
-  mesa.Press(65, 2);
-  mesa.Type("2");
-  mesa.Press(13);
-  jogo.TimerPisca_Timer();
-  EXPECT_EQ(jogo.FaseAtual, 2);
-  EXPECT_EQ(mesa.Seen(), (Seen{true, true, true}));
 }
 
 }  // namespace

@@ -262,35 +262,5 @@ TEST_F(Falling, ASpriteThatNobodyCatchesFallsPastThePaddleToTheBar) {
   EXPECT_EQ(jogo.Vidas, 3);
 }
 
-TEST_F(Falling, TheTickGivesWayBetweenItsSteps) {
-  PlaceSprite(0, -700);
-  jogo.BonusCaindo = 8;
-  std::vector<std::pair<Double, bool>> seen;
-  mesa.Yielding([&] { jogo.TimerDescebonus_Timer(); },
-                [&](int) { seen.emplace_back(jogo.Imgbonus.Top, jogo.Imgbonus.Visible); });
-  const std::vector<std::pair<Double, bool>> expected{
-      {7300, true}, {7400, true}, {7400, true}, {7400, true}, {7400, false}};
-  EXPECT_EQ(seen, expected);
-}
-
-TEST_F(Falling, ALevelThatGoesInAYieldTakesTheWorthAlong) {
-  QuietMesa two(
-      {{"levels/1.sav", kQuietLevel}, {"levels/2.sav", kQuietLevel}, {"levels/3.sav", kQuietLevel}});
-  game& other = two.Jogo();
-  for (int at = 1; at <= 5; ++at) {
-    other.FaseAtual = 1;
-    other.User.Left = other.Imgbonus.Left = 5000;
-    other.Imgbonus.Top = Single(other.User.Top - 100);
-    other.BonusCaindo = 7;
-    two.Yielding([&] { other.TimerDescebonus_Timer(); },
-                 [&](int yield) {
-                   if (yield == at) GoToLevel2(other);
-                 });
-    EXPECT_EQ(other.FaseAtual, 2) << at;
-    EXPECT_EQ(other.BonusCaindo, -1) << at;
-    EXPECT_TRUE(other.Box(1).Visible) << at;
-  }
-}
-
 }  // namespace
 }  // namespace tests

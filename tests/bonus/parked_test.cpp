@@ -139,14 +139,6 @@ TEST_F(Parked, TheOldOneGoesBeforeTheGuards) {
   }
 }
 
-TEST_F(Parked, ThePlaceIsDrawnDownThenAcross) {
-  Draw({}, {ToDraw(80, kDrawsTo), 0.25F, 0.75F});
-  EXPECT_EQ(Carrier().Top, 0.25 * 6300 + 1);
-  EXPECT_EQ(Carrier().Left, Single(stage::Int(0.75 * (12000 - Carrier().Width)) + 1));
-  Draw({}, {ToDraw(80, kDrawsTo), 0x0.FFFFFFp0F, 0x0.FFFFFFp0F});
-  EXPECT_EQ(Carrier().Top, 6300);
-}
-
 // With draws of 0 the candidate stands at 1, 1; the first block or the ball is put around it.
 TEST_F(Parked, TouchingABlockIsFreeAndTouchingTheBallIsNot) {
   const Double W = jogo.ImageBonusParado(4).Width;
@@ -208,14 +200,6 @@ TEST_F(Parked, ThreePlacesAreTried) {
   }
 }
 
-TEST_F(Parked, WithoutABlockInSightTheFirstPlaceIsGood) {
-  jogo.Box(1).Visible = jogo.Box(2).Visible = false;
-  jogo.ball.Left = jogo.ball.Top = 100;
-  Draw({}, {ToDraw(50, kDrawsTo), 0, 0});
-  EXPECT_TRUE(Carrier().Visible);
-  EXPECT_EQ(Carrier().Left, 1);
-}
-
 TEST_F(Parked, WithoutAClosingElementTheTickDoesNothing) {
   State{}.To(jogo);
   jogo.clearall();
@@ -231,21 +215,6 @@ TEST_F(Parked, WithoutAClosingElementTheTickDoesNothing) {
 const std::vector<stage::Single> kSecondPlace{ToDraw(50, kDrawsTo), 0.1F, 0.1F, 0.8F, 0.5F};
 // A place tried, the first block, behind its tests, the second block; then all of it, and behind the second.
 constexpr int kYieldsToSecondPlace = 4 + 5;
-
-TEST_F(Parked, TheSearchGivesWayAroundEachBlock) {
-  int yields = 0;
-  mesa.Yielding([&] { Draw({}, kSecondPlace); }, [&](int yield) { yields = yield; });
-  EXPECT_EQ(yields, kYieldsToSecondPlace);
-  jogo.Box(1).Visible = false;  // no test, and so no yield behind it
-  mesa.Yielding([&] { Draw({}, kSecondPlace); }, [&](int yield) { yields = yield; });
-  EXPECT_EQ(yields, kYieldsToSecondPlace - 2);
-}
-
-TEST_F(Parked, TheBallIsLookedAtAsItFlies) {
-  const auto to_place = [&](int yield) { jogo.ball.Left = jogo.ball.Top = yield == 4 ? 3000 : 9000; };
-  mesa.Yielding([&] { Draw({}, {ToDraw(50, kDrawsTo), 0.47F, 0.24F, 0.8F, 0.8F}); }, to_place);
-  EXPECT_EQ(Carrier().Top, 5041) << "the ball came over the first place before the second block's turn";
-}
 
 TEST_F(Parked, ALevelThatGoesInAYieldEndsTheTick) {
   for (int at = 1; at <= kYieldsToSecondPlace; ++at) {
@@ -277,44 +246,6 @@ TEST_F(Parked, ABallThatEndsTheLevelInAYieldEndsTheTick) {
   jogo.TimerBonusParado_Timer();
   EXPECT_EQ(jogo.FaseAtual, 2);
   EXPECT_FALSE(Carrier().Visible);
-}
-
-TEST_F(Parked, AHitGivesTheBonusAndSendsEveryBallBack) {
-  for (const int kind : {0, 1, 2}) {
-    for (const char* side : {"up", "down", "left", "right"}) {
-      SCOPED_TRACE(testing::Message() << kind << side);
-      Draw({.ball = kind}, {ToDraw(100, kDrawsTo), 0.5F, 0.5F});
-      for (const int i : {1, 2}) jogo.Module1.TipoBox(i) = 20;  // no hit on a bonus ends such a level
-      jogo.VelX = 40;
-      jogo.VelY = -75;
-      jogo.BatidasRigido = 7;
-      jogo.Module1.Pontos = 55;
-      mesa.platform->TakeSounds();
-      jogo.hos(side, jogo.ProximoBox);
-      const bool across = side[0] == 'l' || side[0] == 'r';
-      EXPECT_EQ(jogo.VelX, across ? -40 : 40);
-      EXPECT_EQ(jogo.VelY, across ? -75 : 75);
-      EXPECT_EQ(jogo.TamanhoUser, 1);
-      EXPECT_EQ(mesa.platform->TakeSounds(), std::vector<std::string>{"menos.wav"});
-      EXPECT_FALSE(Carrier().Visible);
-      EXPECT_EQ(jogo.Module1.TipoBox(jogo.ProximoBox), 0);
-      EXPECT_EQ(jogo.BonusParado, 5) << "kept until the next tick";
-      EXPECT_EQ(jogo.BatidasRigido, 7);
-      EXPECT_EQ(jogo.Module1.Pontos, 55);
-      EXPECT_EQ(jogo.FaseAtual, 1);
-    }
-  }
-}
-
-TEST_F(Parked, AHitThatLoadsTheNextLevelLeavesItWhole) {
-  Draw({}, {ToDraw(131, kDrawsTo), 0.5F, 0.5F});
-  jogo.hos("down", jogo.ProximoBox);
-  EXPECT_EQ(jogo.FaseAtual, 2);
-  EXPECT_EQ(jogo.Module1.TipoBox(jogo.ProximoBox), 100);
-  EXPECT_EQ(jogo.Module1.TipoBox(1), 5);
-  EXPECT_TRUE(jogo.Box(1).Visible);
-  EXPECT_EQ(jogo.VelX, 0);
-  EXPECT_EQ(jogo.VelY, -jogo.Module1.Vkorv);
 }
 
 }  // namespace

@@ -145,24 +145,6 @@ TEST(NameEntry, TakesWhatTheFileCanHold) {
   }
 }
 
-TEST(NameEntry, StandsInTheMiddleAndEmpty) {
-  Mesa mesa({{"levels/1.sav", kQuietLevel}}, {16000, 9000});
-  mesa.programa->Module1.Pontos = 5;
-  const auto look = [&] {
-    const stage::Form& form = *mesa.Palco().ActiveForm();
-    const auto& box = *All<stage::PictureBox>(form).at(0);
-    EXPECT_EQ(box.Left, (16000 - 5055) / 2.0);
-    EXPECT_EQ(box.Top, (9000 - 2655) / 2.0);
-    EXPECT_EQ(All<stage::TextBox>(form).at(0)->Text.Get(), "");
-    const auto* const logo = dynamic_cast<stage::Image*>(form.Layers().front());
-    ASSERT_NE(logo, nullptr);
-    EXPECT_EQ(logo->Top, 9000 - 2 * logo->Height);
-    EXPECT_EQ(logo->Left, 16000 - (logo->Width + logo->Height));
-    mesa.Press(27);
-  };
-  Play(mesa, {look, [&] { mesa.Press(13); }}, [&] { mesa.Jogo().VerificaRecord(); });
-}
-
 TEST(NameEntry, ClosedByTheSystemGivesTheNameOfTheLastTime) {
   Placar placar({});
   const Move close = [&] { placar.platform->Send(stage::CloseAsked{}); };

@@ -121,29 +121,6 @@ TEST(Screens, LeaveThePaddleAndTheBallWhereTheyWere) {
   }
 }
 
-TEST(Screens, LeaveAPaddleThatTheMouseHasNotTakenYet) {
-  Mesa mesa;
-  for (const int opened_by : {112, 80}) {
-    const Double paddle = mesa.Jogo().User.Left;
-    mesa.Press(opened_by);
-    Play(mesa, {[&] { mesa.Press(27); }}, [&] { mesa.Do(); });
-    mesa.Beats(1);
-    EXPECT_EQ(mesa.Jogo().User.Left, paddle);
-  }
-}
-
-TEST(Screens, OfNoUseWhileTheBallOfAnotherLaunchFlies) {
-  Mesa mesa;
-  mesa.Press(32);
-  mesa.Beats(2);
-  for (const int code : {112, 80, 19}) {
-    mesa.Press(code);
-    Play(mesa, {}, [&] { mesa.Do(); });
-  }
-  mesa.Jogo().BolaPresa = true;
-  EXPECT_TRUE(Closes(mesa, kScreens[1], [&] { mesa.Press(80); }));
-}
-
 TEST(Pointer, GoesToItsSideOfTheCounter) {
   struct Case {
     int from;

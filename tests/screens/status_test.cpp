@@ -29,22 +29,6 @@ TEST(Status, ShowsExactlyOneKindOfBall) {
   }
 }
 
-TEST(Status, AFreshGameShowsTwoSpareLivesNoPointsAndItsLevel) {
-  Mesa mesa;
-  game& jogo = mesa.Jogo();
-  EXPECT_TRUE(jogo.life(2).Visible && !jogo.life(3).Visible);
-  EXPECT_EQ(jogo.LabelPontos.Caption.Get(), "0");
-  EXPECT_EQ(jogo.Label2.Caption.Get(), "Tela: A-1");
-}
-
-TEST(Status, TheScoreIsWrittenWithDigitsOnly) {
-  Mesa mesa;
-  game& jogo = mesa.Jogo();
-  jogo.Module1.Pontos = 1234995;
-  jogo.hos("up", 1);
-  EXPECT_EQ(jogo.LabelPontos.Caption.Get(), "1235000");
-}
-
 TEST(Sound, AsksForAFileBesideTheLevelsAndGoesOnWithoutIt) {
   Mesa mesa;
   mesa.Jogo().sound("bloc.wav");

@@ -1,0 +1,47 @@
+// A ball put in flight at a place of the test's own.
+#pragma once
+
+#include "tests/mesa.h"
+
+namespace tests {
+
+using stage::Double;
+using Sounds = std::vector<std::string>;
+
+struct Flight {
+  Double left;
+  Double top;
+  Double vx;
+  Double vy;
+
+  void Start(game& jogo) const {
+    jogo.BolaPresa = false;
+    jogo.ball.Left = Single(left);
+    jogo.ball.Top = Single(top);
+    jogo.VelX = vx;
+    jogo.VelY = vy;
+  }
+};
+
+inline Flight FlightOf(const game& jogo) { return {jogo.ball.Left, jogo.ball.Top, jogo.VelX, jogo.VelY}; }
+
+/// One tick of the ball, and the sounds that it starts.
+inline Sounds Tick(Mesa& mesa) {
+  mesa.platform->TakeSounds();
+  mesa.Jogo().MoveBola();
+  return mesa.platform->TakeSounds();
+}
+
+/// Levels by number, each as the text of its file.
+inline std::map<std::string, std::string> Levels(const std::vector<std::string>& texts) {
+  std::map<std::string, std::string> files;
+  for (std::size_t i = 0; i < texts.size(); ++i) files["levels/" + std::to_string(i + 1) + ".sav"] = texts[i];
+  return files;
+}
+
+/// What a player does who only wants the screens to go away.
+inline void CloseScreens(Mesa& mesa) {
+  mesa.platform->Director = [&mesa] { mesa.Press(stage::key::kEsc); };
+}
+
+}  // namespace tests
