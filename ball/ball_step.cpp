@@ -24,13 +24,16 @@ void game::MoveBola() {
 Long game::UserMeio() { return CLng(User.Width / 2 + User.Left); }
 
 void game::SeguraBola() {
-  if (DeslocaBola != 0) {
-    ball.Left = Single(User.Left + DeslocaBola);
-  } else {
-    ball.Left = Single(Double(UserMeio()) - ball.Width / 2);
-  }
-  ball.Top = Single(User.Top - ball.Height);
+  const stage::Place lugar = LugarPreso();
+  ball.Left = lugar.Left;
+  ball.Top = lugar.Top;
   ball.Visible = true;
+}
+
+stage::Place game::LugarPreso() {
+  const auto topo = Single(User.Top - ball.Height);
+  if (DeslocaBola != 0) return {Single(User.Left + DeslocaBola), topo};
+  return {Single(Double(UserMeio()) - ball.Width / 2), topo};
 }
 
 bool game::BateParede() {

@@ -6,6 +6,7 @@
 
 #include "core/programa.h"
 #include "stage/control_array.h"
+#include "stage/glide.h"
 
 namespace korvane {
 
@@ -45,6 +46,11 @@ class game : public stage::Form {
   stage::Timer timerDefine;
   stage::Timer TimerDescebonus;
   stage::Timer Timer2;
+
+  // What is seen to glide from beat to beat.
+
+  stage::Glide VooBola;
+  stage::Glide QuedaBonus;
 
   // State.
 
@@ -160,6 +166,7 @@ class game : public stage::Form {
 
   // The steps of a tick of the ball; those that answer tell whether the tick ends.
   void SeguraBola();
+  stage::Place LugarPreso();
   bool BateParede();
   void RebateUser();
   void ProcuraBox();

@@ -59,7 +59,9 @@ game::game(Programa& dono)
       TimerBonusParado(*this, 10000, true),
       timerDefine(*this, 1, false),
       TimerDescebonus(*this, 1, false),
-      Timer2(*this, 5000, true) {
+      Timer2(*this, 5000, true),
+      VooBola(ball, [this] { return BolaPresa ? std::optional(LugarPreso()) : std::nullopt; }),
+      QuedaBonus(Imgbonus) {
   Imgbonus.Visible = false;
 
   Timer_Move.Tick = [this] { Timer_Move_Timer(); };

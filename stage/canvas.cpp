@@ -11,13 +11,29 @@ constexpr std::size_t kMostTexts = 128;
 // A picture larger than this is drawn at this size and enlarged while copying.
 constexpr int kLargestDrawing = 2048;
 
-Pixel Blend(Pixel below, Pixel colour, unsigned alpha) {
-  const auto mix = [=](unsigned shift) {
-    const unsigned under = (below >> shift) & 255U;
-    const unsigned over = (colour >> shift) & 255U;
-    return ((under * (255U - alpha) + over * alpha + 127U) / 255U) << shift;
+constexpr Pixel kWhole = 256;
+
+/// `part` of 256 of `over`, the rest of `under`.
+Pixel Mix(Pixel under, Pixel over, Pixel part) {
+  constexpr Pixel kRedAndBlue = 0xFF00FF;
+  constexpr Pixel kGreen = 0x00FF00;
+  const auto mixed = [=](Pixel colours) {
+    return ((under & colours) * (kWhole - part) + (over & colours) * part) / kWhole & colours;
   };
-  return mix(16) | mix(8) | mix(0);
+  return mixed(kRedAndBlue) | mixed(kGreen);
+}
+
+/// How one line of a picture, that lies `offset` of 256 beside the pixels, meets the pixel `place`.
+struct Meeting {
+  int before;  // the two pixels of the picture that meet it
+  int after;
+  Pixel weight;   // of `after`
+  Pixel covered;  // how much of it the picture covers
+};
+
+Meeting Meet(int place, int length, Pixel offset) {
+  const Pixel covered = place == 0 ? kWhole - offset : place == length ? offset : kWhole;
+  return {std::max(place - 1, 0), std::min(place, length - 1), kWhole - offset, covered};
 }
 
 /// Fonts that stand for the design fonts.
@@ -122,6 +138,28 @@ void Canvas::Draw(const TwipRect& rect, const Picture& picture, PixelSize size) 
   }
 }
 
+void Canvas::DrawBetween(TwipPoint corner, const Picture& picture, PixelSize size) const {
+  const PixelRect place = viewport_.ToPixelsAround(corner, size);
+  const PixelRect part = place.Cut(clip_);
+  const auto bitmap = drawings_.Of(picture, size);
+  if (part.Empty() || bitmap->size != size) return;
+  const PixelPlace exact = viewport_.ToPlace(corner);
+  const auto offset_x = static_cast<Pixel>((exact.x - place.left) * kWhole);
+  const auto offset_y = static_cast<Pixel>((exact.y - place.top) * kWhole);
+  for (int y = part.top; y < part.bottom; ++y) {
+    const Meeting down = Meet(y - place.top, size.height, offset_y);
+    const Pixel* const upper = &bitmap->pixels[bitmap->Index(0, down.before)];
+    const Pixel* const lower = &bitmap->pixels[bitmap->Index(0, down.after)];
+    Pixel* const row = target_.Row(y);
+    for (int x = part.left; x < part.right; ++x) {
+      const Meeting across = Meet(x - place.left, size.width, offset_x);
+      const Pixel colour = Mix(Mix(upper[across.before], lower[across.before], down.weight),
+                               Mix(upper[across.after], lower[across.after], down.weight), across.weight);
+      row[x] = Mix(row[x], colour, across.covered * down.covered / kWhole);
+    }
+  }
+}
+
 void Canvas::Write(const TwipRect& rect, const Font& font, const std::string& text, Pixel colour,
                    Align align) const {
   if (text.empty()) return;
@@ -136,7 +174,7 @@ void Canvas::Write(const TwipRect& rect, const Font& font, const std::string& te
     const std::uint8_t* alpha =
         words->alpha.data() + std::ptrdiff_t(y - place.top) * words->size.width - left;
     Pixel* row = target_.Row(y);
-    for (int x = part.left; x < part.right; ++x) row[x] = Blend(row[x], colour, alpha[x]);
+    for (int x = part.left; x < part.right; ++x) row[x] = Mix(row[x], colour, alpha[x] + (alpha[x] >> 7));
   }
 }
 

@@ -54,7 +54,7 @@ class Canvas {
   Canvas Within(const TwipRect& area) const;
   Canvas WithinPixels(const PixelRect& area) const;
   bool Hidden() const { return clip_.Empty(); }
-  bool Touches(const TwipRect& rect) const { return !viewport_.ToPixels(rect).Cut(clip_).Empty(); }
+  bool Touches(const PixelRect& rect) const { return !rect.Cut(clip_).Empty(); }
 
   void Fill(const TwipRect& rect, Pixel colour) const;
   void FillAll(Pixel colour) const { FillPixels(clip_, colour); }
@@ -62,6 +62,8 @@ class Canvas {
   void Frame(const TwipRect& rect, Pixel colour) const;
   /// The picture at `size` from the top left corner of `rect`; what stands out of `rect` is cut off.
   void Draw(const TwipRect& rect, const Picture& picture, PixelSize size) const;
+  /// The picture with its corner anywhere between pixels, each of which it covers in part.
+  void DrawBetween(TwipPoint corner, const Picture& picture, PixelSize size) const;
   void Write(const TwipRect& rect, const Font& font, const std::string& text, Pixel colour,
              Align align) const;
   /// In twips.

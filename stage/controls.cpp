@@ -43,7 +43,7 @@ void Container::TakeChangesOfControls(const Viewport& viewport, bool moved, Regi
 
 void Container::PaintControls(const Canvas& canvas) const {
   for (const Control* control : layers_) {
-    if (control->Visible && canvas.Touches(control->Area())) control->Paint(canvas);
+    if (control->Visible && canvas.Touches(control->Pixels(canvas.View()))) control->Paint(canvas);
   }
 }
 
@@ -68,6 +68,11 @@ void Control::Changing() {
   container_.Owner().Touch();
 }
 
+void Control::Moving() {
+  moved_ = true;
+  container_.Owner().Touch();
+}
+
 void Control::ZOrder(Integer position) {
   if (position != 0) throw RuntimeError("no such layer");
   container_.BringToFront(*this);
@@ -80,15 +85,18 @@ TwipRect Control::Area() const {
 }
 
 void Control::TakeChanges(const Viewport& viewport, bool moved, Region& changed) {
-  const bool anew = changed_ || moved;
-  changed_ = false;
-  if (anew) {
-    changed.Add(painted_);
-    painted_ =
-        Shown() ? viewport.ToPixels(Area()).Cut(viewport.ToPixels(container_.Interior())) : PixelRect{};
-    changed.Add(painted_);
+  if (changed_ || moved_ || moved) {
+    const PixelRect now =
+        Shown() ? Pixels(viewport).Cut(viewport.ToPixels(container_.Interior())) : PixelRect{};
+    if (changed_ || moved || now != painted_) {
+      changed.Add(painted_);
+      changed.Add(now);
+    }
+    painted_ = now;
   }
-  TakeChangesInside(viewport, anew, changed);
+  TakeChangesInside(viewport, changed_ || moved_ || moved, changed);
+  changed_ = false;
+  moved_ = false;
 }
 
 Image::Image(Container& container, const Design& design, PictureRef picture, bool stretch)
@@ -114,14 +122,47 @@ void Image::TakeNaturalSize(const PictureRef& picture) {
   Changing();
 }
 
+void Image::ShowAt(std::optional<Seen> seen) {
+  constexpr Double kNearEnough = 0.01;  // twips
+  const bool same = seen.has_value() == seen_.has_value() &&
+                    (!seen || (std::abs(seen->corner.x - seen_->corner.x) < kNearEnough &&
+                               std::abs(seen->corner.y - seen_->corner.y) < kNearEnough &&
+                               seen->between_pixels == seen_->between_pixels));
+  if (same) return;
+  seen_ = seen;
+  Changing();
+}
+
+PixelSize Image::Size(const Viewport& viewport) const {
+  const PictureRef picture = Picture;
+  if (picture != nullptr && !Stretch) return viewport.NaturalSize(picture->natural);
+  const TwipRect area = Area();
+  return {viewport.Length(area.width), viewport.Length(area.height)};
+}
+
+TwipRect Image::SeenArea() const {
+  TwipRect area = Area();
+  if (seen_) {
+    area.left = seen_->corner.x;
+    area.top = seen_->corner.y;
+  }
+  return area;
+}
+
+PixelRect Image::Pixels(const Viewport& viewport) const {
+  const bool between = seen_ && seen_->between_pixels;
+  return between ? viewport.ToPixelsAround(seen_->corner, Size(viewport)) : viewport.ToPixels(SeenArea());
+}
+
 void Image::Paint(const Canvas& canvas) const {
   const PictureRef picture = Picture;
   if (picture == nullptr) return;
-  const TwipRect area = Area();
-  const Viewport& view = canvas.View();
-  canvas.Draw(area, *picture,
-              Stretch ? PixelSize{view.Length(area.width), view.Length(area.height)}
-                      : view.NaturalSize(picture->natural));
+  const PixelSize size = Size(canvas.View());
+  if (seen_ && seen_->between_pixels) {
+    canvas.DrawBetween(seen_->corner, *picture, size);
+  } else {
+    canvas.Draw(SeenArea(), *picture, size);
+  }
 }
 
 Label::Label(Container& container, const Design& design, const Style& style, std::string caption)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -75,6 +76,10 @@ class Control {
 
   /// The area on the screen has to be painted anew.
   void Changing();
+  /// Wherever that area lies from now on.
+  void Moving();
+  /// The pixels that it is painted on.
+  virtual PixelRect Pixels(const Viewport& viewport) const { return viewport.ToPixels(Area()); }
   virtual void Paint(const Canvas& canvas) const = 0;
   virtual Control* At(TwipPoint) { return this; }
   virtual void TakeChangesInside(const Viewport& /*viewport*/, bool /*moved*/, Region& /*changed*/) const {}
@@ -106,12 +111,13 @@ class Control {
   Container& container_;
   Layer layer_;
   bool changed_ = true;
+  bool moved_ = false;
   PixelRect painted_;
 
  public:
   Property<Flag, &Control::Changing, bool> Visible{this, true};
-  Property<Single, &Control::Changing, Double> Left;
-  Property<Single, &Control::Changing, Double> Top;
+  Property<Single, &Control::Moving, Double> Left;
+  Property<Single, &Control::Moving, Double> Top;
   Property<Single, &Control::Changing, Double> Width;
   Property<Single, &Control::Changing, Double> Height;
 
@@ -128,9 +134,22 @@ class Image : public Control {
   Image(Container& container, const Image& other);
 
   void Paint(const Canvas& canvas) const override;
+  PixelRect Pixels(const Viewport& viewport) const override;
+
+  /// Where the image is seen.
+  struct Seen {
+    TwipPoint corner;  // on the screen
+    bool between_pixels = false;
+  };
+  /// Paints the image there and not where it is, until told otherwise.
+  void ShowAt(std::optional<Seen> seen);
 
  private:
   void TakeNaturalSize(const PictureRef& picture);
+  PixelSize Size(const Viewport& viewport) const;
+  TwipRect SeenArea() const;
+
+  std::optional<Seen> seen_;
 
  public:
   Property<Flag, &Image::Changing, bool> Stretch;

@@ -6,9 +6,9 @@ namespace {
 // Far beyond any display, near enough that sums of pixels stay whole numbers of 32 bits.
 constexpr Double kFarthestPixel = 1e6;
 
-int Nearest(Double pixels) {
-  return static_cast<int>(std::lround(std::clamp(pixels, -kFarthestPixel, kFarthestPixel)));
-}
+Double Near(Double pixels) { return std::clamp(pixels, -kFarthestPixel, kFarthestPixel); }
+int Nearest(Double pixels) { return static_cast<int>(std::lround(Near(pixels))); }
+int Floor(Double pixels) { return static_cast<int>(std::floor(Near(pixels))); }
 
 }  // namespace
 
@@ -31,9 +31,21 @@ Viewport::Viewport(ScreenSize screen, PixelSize display)
 PixelRect Viewport::Area() const { return ToPixels({0, 0, screen_.Width, screen_.Height}); }
 
 PixelRect Viewport::ToPixels(const TwipRect& rect) const {
-  const int left = Nearest(left_ + rect.left / kTwipsPerPixel * scale_);
-  const int top = Nearest(top_ + rect.top / kTwipsPerPixel * scale_);
+  const PixelPlace corner = ToPlace({rect.left, rect.top});
+  const int left = Nearest(corner.x);
+  const int top = Nearest(corner.y);
   return {left, top, left + Length(rect.width), top + Length(rect.height)};
+}
+
+PixelPlace Viewport::ToPlace(TwipPoint point) const {
+  return {left_ + point.x / kTwipsPerPixel * scale_, top_ + point.y / kTwipsPerPixel * scale_};
+}
+
+PixelRect Viewport::ToPixelsAround(TwipPoint corner, PixelSize size) const {
+  const PixelPlace place = ToPlace(corner);
+  const int left = Floor(place.x);
+  const int top = Floor(place.y);
+  return {left, top, left + size.width + 1, top + size.height + 1};
 }
 
 int Viewport::Length(Double twips) const { return Nearest(twips / kTwipsPerPixel * scale_); }

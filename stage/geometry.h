@@ -40,6 +40,12 @@ struct PixelSize {
   auto operator<=>(const PixelSize&) const = default;
 };
 
+/// A place between display pixels.
+struct PixelPlace {
+  Double x = 0;
+  Double y = 0;
+};
+
 /// A rectangle of display pixels; right and bottom lie outside.
 struct PixelRect {
   int left = 0;
@@ -82,6 +88,10 @@ class Viewport {
 
   /// The place is rounded, and so is the size by itself: a picture keeps its pixel size while it moves.
   PixelRect ToPixels(const TwipRect& rect) const;
+  /// All pixels that something of this size lies on, wherever between pixels its corner is.
+  PixelRect ToPixelsAround(TwipPoint corner, PixelSize size) const;
+  /// Not rounded.
+  PixelPlace ToPlace(TwipPoint point) const;
   int Length(Double twips) const;
   /// Display pixels of a picture that has this size in pixels of the design resolution.
   PixelSize NaturalSize(PixelSize design) const {

@@ -37,6 +37,8 @@ class Platform {
   /// What the picture is composed in; its content and place stay until the display changes. Nothing when
   /// nobody looks.
   virtual std::optional<Framebuffer> Canvas() = 0;
+  /// How often a second the display shows a new picture; 0 if nobody sees it move.
+  virtual int RefreshRate() = 0;
   /// Shows these rectangles of the canvas.
   virtual void Present(std::span<const PixelRect> changed) = 0;
 

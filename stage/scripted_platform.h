@@ -16,6 +16,7 @@ struct ScriptedSetup {
   Double scale = 1;
   Double seconds_of_day = 43200;
   std::filesystem::path folder;
+  int refresh_rate = 0;
 };
 
 class ScriptedPlatform : public Platform {
@@ -47,6 +48,7 @@ class ScriptedPlatform : public Platform {
   PixelSize DisplaySize() override;
   Artist& Drawing() override { return artist_; }
   std::optional<Framebuffer> Canvas() override;
+  int RefreshRate() override { return setup_.refresh_rate; }
   void Present(std::span<const PixelRect> changed) override;
   std::optional<Event> NextEvent() override;
   void Wait(Moment until, Wake wake) override;

@@ -13,6 +13,7 @@ Stage::Stage(Platform& platform, std::span<const Asset> assets, std::string titl
       platform_(platform),
       title_(std::move(title)),
       timers_(platform),
+      glides_(platform),
       painter_(platform, Screen, assets) {}
 
 void Stage::Run() {
@@ -22,12 +23,13 @@ void Stage::Run() {
 void Stage::DoEvents() {
   while (const auto event = platform_.NextEvent()) Dispatch(*event);
   CloseForms();
+  glides_.Beat();
   timers_.RunDue();
 }
 
 void Stage::Wait() {
   PaintNow();
-  platform_.Wait(timers_.NextBeat(), Wake::kOnInput);
+  platform_.Wait(std::min(timers_.NextBeat(), glides_.NextRefresh()), Wake::kOnInput);
   DoEvents();
 }
 
@@ -75,6 +77,7 @@ void Stage::Damage(const PixelRect& pixels) {
 }
 
 void Stage::PaintNow() {
+  glides_.Show();
   if (!touched_) return;
   touched_ = false;
   painter_.Paint(forms_);

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "stage/glide.h"
 #include "stage/painter.h"
 #include "stage/random.h"
 #include "stage/timer_set.h"
@@ -60,6 +61,7 @@ class Stage {
   Random Draws;
 
   TimerSet& Timers() { return timers_; }
+  GlideSet& Glides() { return glides_; }
   Platform& Machine() { return platform_; }
   /// The folder of the program, with backslashes as separators; at the root it ends in one.
   std::string AppPath() const;
@@ -94,6 +96,7 @@ class Stage {
   Platform& platform_;
   std::string title_;
   TimerSet timers_;
+  GlideSet glides_;
   Painter painter_;
   FormList forms_;
   std::vector<const Form*> modal_;

@@ -7,14 +7,13 @@ namespace {
 
 constexpr Moment kLongestWait = std::chrono::hours(1);
 
-Moment BeatAtOrBefore(Moment moment) { return moment / kBeat * kBeat; }
 Moment BeatAtOrAfter(Moment moment) { return BeatAtOrBefore(moment + kBeat - Moment{1}); }
 
 }  // namespace
 
 void TimerSet::RunDue() {
-  const Moment beat = BeatAtOrBefore(platform_.Now());
-  while (Timer* const timer = Next(beat)) Run(*timer, beat);
+  last_beat_ = BeatAtOrBefore(platform_.Now());
+  while (Timer* const timer = Next(last_beat_)) Run(*timer, last_beat_);
 }
 
 Timer* TimerSet::Next(Moment beat) {
@@ -52,7 +51,7 @@ Moment TimerSet::NextBeat() const {
   for (const Timer* timer : timers_) {
     if (timer->Waiting()) next = std::min(next, timer->DueAt());
   }
-  return BeatAtOrAfter(std::max(next, now + Moment{1}));
+  return BeatAtOrAfter(std::max(next, last_beat_ + Moment{1}));
 }
 
 }  // namespace stage

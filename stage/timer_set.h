@@ -12,6 +12,8 @@ namespace stage {
 /// The usual beat of a desktop's system clock.
 inline constexpr Moment kBeat{15625};
 
+constexpr Moment BeatAtOrBefore(Moment moment) { return moment / kBeat * kBeat; }
+
 class TimerSet {
  public:
   explicit TimerSet(Platform& platform) : platform_(platform) {}
@@ -22,7 +24,8 @@ class TimerSet {
 
   /// Ticks every timer whose wait is over at the last beat.
   void RunDue();
-  /// The beat on which the next timer comes due; at the latest an hour from now.
+  /// The beat on which the next timer comes due; at the latest an hour from now. It may have come already, if
+  /// that was after the last call of RunDue.
   Moment NextBeat() const;
   /// The moment that what happens now counts from: the beat inside a tick, the clock elsewhere.
   Moment Present() const { return beat_ ? *beat_ : platform_.Now(); }
@@ -49,6 +52,7 @@ class TimerSet {
 
   Platform& platform_;
   std::vector<Timer*> timers_;
+  Moment last_beat_{};
   std::optional<Moment> beat_;
   std::optional<std::deque<Timer*>> only_;
 };

@@ -1,12 +1,14 @@
 #include "stage/sdl/sdl_platform.h"
 
 #include <SDL.h>
+#include <poll.h>
 
 #include <ctime>
 #include <memory>
 #include <thread>
 #include <vector>
 
+#include "stage/sdl/connection.h"
 #include "stage/sdl/keys.h"
 
 namespace stage::sdl {
@@ -45,6 +47,7 @@ SdlPlatform::SdlPlatform(const char* title) {
                                  SDL_WINDOW_FULLSCREEN_DESKTOP | SDL_WINDOW_BORDERLESS |
                                      SDL_WINDOW_ALLOW_HIGHDPI | SDL_WINDOW_MOUSE_GRABBED));
   if (!window_ || SDL_GetWindowSurface(window_.get()) == nullptr) throw NoDisplay(SDL_GetError());
+  connection_ = Connection(window_.get());
 }
 
 SdlPlatform::~SdlPlatform() = default;
@@ -63,16 +66,29 @@ std::optional<Framebuffer> SdlPlatform::Canvas() {
                      surface->pitch / static_cast<int>(sizeof(Pixel))};
 }
 
+int SdlPlatform::RefreshRate() {
+  constexpr int kUsual = 60;
+  constexpr int kLeast = 30;
+  constexpr int kMost = 500;
+  SDL_DisplayMode mode{};
+  const int display = SDL_GetWindowDisplayIndex(window_.get());
+  if (SDL_GetCurrentDisplayMode(display, &mode) != 0 || mode.refresh_rate == 0) return kUsual;
+  return std::clamp(mode.refresh_rate, kLeast, kMost);
+}
+
 void SdlPlatform::Present(std::span<const PixelRect> changed) {
   std::vector<SDL_Rect> rects;
   for (const PixelRect& rect : changed) rects.push_back({rect.left, rect.top, rect.Width(), rect.Height()});
+  presented_ = true;
   SDL_UpdateWindowSurfaceRects(window_.get(), rects.data(), static_cast<int>(rects.size()));
 }
 
 void SdlPlatform::Poll() {
   polled_ = Now();
+  presented_ = false;
+  SDL_PumpEvents();
   SDL_Event event;
-  while (SDL_PollEvent(&event) != 0) {
+  while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) > 0) {
     auto translated = Translate(event);
     if (!translated) continue;
     // Of a run of moves only the last place counts.
@@ -133,11 +149,26 @@ void SdlPlatform::Wait(Moment until, Wake wake) {
     std::this_thread::sleep_until(start_ + until);
     return;
   }
-  while (events_.empty() && Now() < until) {
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(until - Now());
-    SDL_WaitEventTimeout(nullptr, static_cast<int>(left.count()));
-    Poll();
+  // What showed the picture may have taken input off the line to the display server.
+  if (presented_) Poll();
+  while (events_.empty()) {
+    const Moment left = until - Now();
+    if (left <= Moment{0}) return;
+    if (InputComes(left)) Poll();
   }
+}
+
+bool SdlPlatform::InputComes(Moment longest) const {
+  if (connection_ < 0) {
+    const auto rounded = std::chrono::ceil<std::chrono::milliseconds>(longest);
+    return SDL_WaitEventTimeout(nullptr, static_cast<int>(rounded.count())) != 0;
+  }
+  // SDL waits for whole milliseconds only, and asks the display server many times over.
+  const auto seconds = std::chrono::floor<std::chrono::seconds>(longest);
+  const std::chrono::nanoseconds rest = longest - seconds;
+  const timespec time{static_cast<std::time_t>(seconds.count()), static_cast<long>(rest.count())};
+  pollfd line{connection_, POLLIN, 0};
+  return ppoll(&line, 1, &time, nullptr) != 0;
 }
 
 Double SdlPlatform::SecondsOfDay() {

@@ -29,6 +29,7 @@ class SdlPlatform : public Platform {
   PixelSize DisplaySize() override;
   stage::Artist& Drawing() override { return artist_; }
   std::optional<Framebuffer> Canvas() override;
+  int RefreshRate() override;
   void Present(std::span<const PixelRect> changed) override;
   std::optional<Event> NextEvent() override;
   void Wait(Moment until, Wake wake) override;
@@ -54,14 +55,17 @@ class SdlPlatform : public Platform {
 
   std::optional<Event> Translate(const SDL_Event& event);
   void Poll();
+  bool InputComes(Moment longest) const;
 
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   Session session_;
   std::unique_ptr<SDL_Window, DestroyWindow> window_;
+  int connection_ = -1;
   Artist artist_;
   Voice voice_;
   std::deque<Event> events_;
   Moment polled_{};
+  bool presented_ = false;
 };
 
 }  // namespace stage::sdl

@@ -13,8 +13,9 @@ using namespace stage;
 
 class Bench {
  public:
-  explicit Bench(ScreenSize screen = {}, Double scale = 1)
-      : platform({screen, scale, 43200, "/nowhere"}, artist), theatre(platform, korvane::Assets(), "Title") {}
+  explicit Bench(ScreenSize screen = {}, Double scale = 1, int refresh_rate = 0)
+      : platform({screen, scale, 43200, "/nowhere", refresh_rate}, artist),
+        theatre(platform, korvane::Assets(), "Title") {}
 
   void Beats(int count) {
     for (int i = 0; i < count; ++i) {

@@ -12,13 +12,14 @@ using namespace tests;
 
 TEST(Painting, OfChangesEqualsPaintingAnew) {
   for (const Double scale : {1.0, 1.8, 0.77}) {
-    Bench bench({12000, 9000}, scale);
+    Bench bench({12000, 9000}, scale, 144);
     bench.platform.Look(true);
     const auto form = std::make_shared<NotingForm>(bench.theatre);
     ControlArray<Image> blocks(*form, [&](auto& array) {
       array.Design(0, Design{0, 0, 480, 240}, bench.theatre.Pictures.Named("ImagePedra1"), true);
     });
     Image ball(*form, {0, 0, 225, 225}, bench.theatre.Pictures.Named("Imageball0"), false);
+    const Glide glide(ball);
     Label label(*form, {5000, 5000, 2000, 400}, {{"Arial", 18, true}, Rgb(255, 0, 0), Align::kRight}, "0");
     PictureBox box(*form, {3000, 3000, 900, 300});
     Image inside(box, {-15, 0, 1005, 270}, bench.theatre.Pictures.Named("barra"), true);
@@ -31,7 +32,7 @@ TEST(Painting, OfChangesEqualsPaintingAnew) {
         bench.platform.Rescale(scale * (1 + any(4) / 4));
         bench.theatre.DoEvents();
       }
-      switch (draws() % 8) {
+      switch (draws() % 10) {
         case 0:
           if (!blocks.Exists(i)) blocks.Load(i);
           blocks(i).Visible = true;
@@ -47,18 +48,24 @@ TEST(Painting, OfChangesEqualsPaintingAnew) {
           ball.Top = any(9500) - 500;
           break;
         case 4:
-          label.Caption = std::to_string(step);
+          ball.Left = Single(ball.Left + 100);
+          ball.Top = Single(ball.Top - 70);
           break;
         case 5:
-          box.Left = any(12000);
+          label.Caption = std::to_string(step);
           break;
         case 6:
+          box.Left = any(12000);
+          break;
+        case 7:
           inside.Width = any(1200);
           break;
         default:
           ball.Visible = !ball.Visible;
           break;
       }
+      bench.platform.Pass(Moment(draws() % 10000));
+      bench.theatre.DoEvents();
       const std::vector<Pixel> grown = bench.Pixels();
       if (step % 10 != 0) continue;
       bench.theatre.Repaint();

@@ -1,0 +1,89 @@
+#include "stage/glide.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "stage/stage.h"
+
+namespace stage {
+namespace {
+
+constexpr std::int64_t kSecond = std::chrono::microseconds(std::chrono::seconds(1)).count();
+
+Double Distance(TwipPoint a, TwipPoint b) { return std::hypot(a.x - b.x, a.y - b.y); }
+
+TwipPoint OnTheWay(TwipPoint from, TwipPoint to, Double part) {
+  return {std::lerp(from.x, to.x, part), std::lerp(from.y, to.y, part)};
+}
+
+}  // namespace
+
+Glide::Glide(Image& image, std::function<std::optional<Place>()> held)
+    : image_(image), held_(std::move(held)) {
+  Beat();
+  Beat();
+  image_.GetContainer().Owner().OnStage().Glides().Add(*this);
+}
+
+Glide::~Glide() { image_.GetContainer().Owner().OnStage().Glides().Remove(*this); }
+
+TwipPoint Glide::Corner(const Place& place) const {
+  const Container& container = image_.GetContainer();
+  const TwipRect interior = container.Interior();
+  const Units units = container.InteriorUnits();
+  return {interior.left + place.Left * units.x, interior.top + place.Top * units.y};
+}
+
+void Glide::Beat() {
+  before_ = from_;
+  from_ = Corner();
+}
+
+bool Glide::Jumps(TwipPoint to) const {
+  constexpr Double kFew = 3;
+  const TwipRect area = image_.Area();
+  const Double usual = std::max({Distance(before_, from_), area.width, area.height});
+  return Distance(from_, to) > kFew * usual;
+}
+
+void Glide::Show(Double since) {
+  under_way_ = false;
+  if (const auto held = held_ ? held_() : std::nullopt)
+    return image_.ShowAt(Image::Seen{Corner(*held), false});
+  const TwipPoint to = Corner();
+  if (!image_.Shown() || Jumps(to)) return image_.ShowAt(std::nullopt);
+  const TwipPoint seen = since < 0 ? OnTheWay(before_, from_, std::max(since, -1.0) + 1)
+                                   : OnTheWay(from_, to, std::min(since, 1.0));
+  under_way_ = Distance(seen, to) > 0;
+  if (!under_way_) return image_.ShowAt(std::nullopt);
+  image_.ShowAt(Image::Seen{seen, true});
+}
+
+void GlideSet::Beat() {
+  const Moment beat = BeatAtOrBefore(platform_.Now());
+  if (beat == beat_) return;
+  beat_ = beat;
+  for (Glide* glide : glides_) glide->Beat();
+}
+
+void GlideSet::Show() {
+  if (platform_.RefreshRate() == 0) return;
+  const Double since = Double((RefreshAt(LastRefresh()) - beat_).count()) / Double(kBeat.count());
+  for (Glide* glide : glides_) glide->Show(since);
+}
+
+Moment GlideSet::NextRefresh() const {
+  const bool waiting = std::ranges::any_of(glides_, &Glide::UnderWay);
+  return waiting ? RefreshAt(LastRefresh() + 1) : Moment::max();
+}
+
+std::int64_t GlideSet::LastRefresh() const {
+  return platform_.Now().count() * platform_.RefreshRate() / kSecond;
+}
+
+Moment GlideSet::RefreshAt(std::int64_t number) const {
+  const int rate = platform_.RefreshRate();
+  return Moment((number * kSecond + rate - 1) / rate);
+}
+
+}  // namespace stage

@@ -1,0 +1,96 @@
+// Images that move by beats are seen on their way, jumps and held images where they are.
+#include <gtest/gtest.h>
+
+#include "stage/glide.h"
+#include "tests/stage/bench.h"
+
+namespace {
+
+using namespace tests;
+
+constexpr int kRefreshRate = 320;  // five refreshes to a beat
+
+class Gliding : public testing::Test {
+ protected:
+  Gliding() {
+    bench.platform.Look(true);
+    bench.theatre.Show(form, kModeless);
+    mover.Tick = [this] {
+      ball.Left = Single(ball.Left + step);
+      step = next_step;
+    };
+    bench.Beats(2);
+  }
+  /// Left edge of what is painted white, in pixels; a column counts as far as it is white.
+  Double SeenLeft() {
+    const std::vector<Pixel> pixels = bench.Pixels();
+    const Pixel* const row = &pixels[kRow * 800];
+    int x = 0;
+    while (row[x] == 0) ++x;
+    return x + 1 - (row[x] & 255U) / 255.0;
+  }
+  void PassRefresh() {
+    bench.platform.PassTo(Moment(1000000 / kRefreshRate));
+    bench.theatre.DoEvents();
+  }
+
+  static constexpr std::size_t kRow = 107;
+  static constexpr Asset kWhite{"white", R"(<svg xmlns="http://www.w3.org/2000/svg" width="15" height="15">
+<rect width="15" height="15" fill="#ffffff"/></svg>)"};
+  Bench bench{{12000, 9000}, 1, kRefreshRate};
+  PictureStore pictures{{&kWhite, 1}};
+  std::shared_ptr<NotingForm> form = std::make_shared<NotingForm>(bench.theatre);
+  Image ball{*form, {1500, 1500, 225, 225}, pictures.Named("white"), false};
+  Image paddle{*form, {6000, 8000, 900, 225}, nullptr, true};
+  bool held = false;
+  Glide glide{ball, [this] {
+                return held ? std::optional(Place{paddle.Left.Get(), Single(1500)}) : std::nullopt;
+              }};
+  Single step = 0;
+  Single next_step = 0;
+  Timer mover{*form, 10, true};
+};
+
+TEST_F(Gliding, PartsEachStepAmongTheRefreshesOfItsBeat) {
+  step = next_step = 165;  // eleven pixels
+  bench.Beats(1);
+  const Double start = SeenLeft();
+  EXPECT_EQ(start, 100);
+  for (int refresh = 1; refresh <= 12; ++refresh) {
+    PassRefresh();
+    EXPECT_NEAR(SeenLeft(), start + 2.2 * refresh, 0.02) << refresh;
+    EXPECT_EQ(ball.Left, 1665 + 165 * (refresh / 5));
+  }
+}
+
+TEST_F(Gliding, EndsAtAWholePixelAndAsksForNoMoreRefreshes) {
+  step = 157;
+  bench.Beats(1);
+  EXPECT_EQ(SeenLeft(), 100);
+  EXPECT_LT(bench.theatre.Glides().NextRefresh(), Moment::max());
+  bench.Beats(1);
+  EXPECT_EQ(SeenLeft(), 110);
+  EXPECT_EQ(bench.theatre.Glides().NextRefresh(), Moment::max());
+}
+
+TEST_F(Gliding, ShowsAtOnceWhatJumps) {
+  step = 3000;
+  bench.Beats(1);
+  EXPECT_EQ(SeenLeft(), 300);
+  // A step as long as the one before is no jump, however long.
+  step = 3000;
+  bench.Beats(1);
+  PassRefresh();
+  EXPECT_NEAR(SeenLeft(), 340, 0.02);
+}
+
+TEST_F(Gliding, ShowsAHeldImageWhereItsHolderIsNow) {
+  held = true;
+  step = next_step = 150;
+  for (const int left : {6000, 6600, 300}) {
+    paddle.Left = Single(left);
+    EXPECT_EQ(SeenLeft(), left / 15);
+  }
+}
+
+}  // namespace
