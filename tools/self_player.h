@@ -19,6 +19,9 @@ class SelfPlayer : public Machine {
     std::ofstream(folder_.Path() / "levels" / "1.sav") << "pisca,0,500,10,0\r\n9600,0,250,480,5\r\n";
   }
 
+  /// The paddle follows the ball.
+  bool moves_paddle = true;
+
   /// Plays that program until `end`.
   void Play(korvane::Programa& programa, stage::Moment end) {
     programa_ = &programa;
@@ -36,6 +39,7 @@ class SelfPlayer : public Machine {
     if (programa_->Palco.ActiveForm()->Name() != "game") return stage::KeyPressed{stage::key::kEsc, 0};
     korvane::game& jogo = *programa_->game.Last();
     if (jogo.BolaPresa) return stage::PointerPressed{};
+    if (!moves_paddle) return std::nullopt;
     return PaddleUnder(jogo);
   }
   std::filesystem::path ProgramFolder() override { return folder_.Path(); }

@@ -1,0 +1,109 @@
+// korvane-hand [COUNT]: how long a move of the hand takes to the picture. Moves the pointer of the display
+// server at odd moments while the ball flies, and prints the times until the picture with the paddle there
+// has been handed over: half of all, 99 of 100, and the worst.
+#include <X11/Xlib.h>
+#include <X11/extensions/XTest.h>
+
+#include <atomic>
+#include <cmath>
+#include <cstdlib>
+#include <iostream>
+#include <random>
+#include <thread>
+#include <vector>
+
+#include "assets/assets.h"
+#include "stage/sdl/sdl_platform.h"
+#include "tools/self_player.h"
+
+namespace {
+
+using stage::Double;
+using Clock = std::chrono::steady_clock;
+
+/// Where the hand has put the pointer, until the paddle is seen there.
+struct Move {
+  std::atomic<int> x = -1;
+  std::atomic<Clock::time_point> seen{};
+};
+
+class Watched : public tools::SelfPlayer<stage::sdl::SdlPlatform> {
+ public:
+  explicit Watched(Move& move) : SelfPlayer("Korvane"), move_(move) { moves_paddle = false; }
+
+  void Present(std::span<const stage::PixelRect> changed) override {
+    SelfPlayer::Present(changed);
+    korvane::game* const jogo = Flying();
+    in_play = jogo != nullptr;
+    if (jogo == nullptr) return;
+    jogo->Vidas = 5;
+    const Double paddle = jogo->User.Area().left * DisplaySize().height / jogo->Palco.Screen.Height;
+    if (std::abs(paddle - move_.x) > 1) return;
+    move_.seen = Clock::now();
+    move_.x = -1;
+  }
+
+  std::optional<stage::Event> NextEvent() override {
+    if (enough.exchange(false)) return stage::QuitAsked{};
+    return SelfPlayer::NextEvent();
+  }
+
+  std::atomic<bool> in_play = false;
+  std::atomic<bool> enough = false;
+
+ private:
+  Move& move_;
+};
+
+/// Moves the pointer COUNT times and gives the times that the picture took, in ms.
+std::vector<Double> MoveHand(const Watched& watched, Move& move, int width, int height, int count) {
+  using std::chrono::milliseconds;
+  constexpr auto kGivenUp = milliseconds(500);
+  const std::unique_ptr<Display, decltype(&XCloseDisplay)> display(XOpenDisplay(nullptr), &XCloseDisplay);
+  if (!display) throw std::runtime_error("no display of X");
+  std::mt19937 random(1);
+  std::vector<Double> times;
+  while (int(times.size()) < count) {
+    std::this_thread::sleep_for(std::chrono::microseconds(5000 + random() % 30000));
+    if (!watched.in_play) continue;
+    const int x = int(random() % unsigned(width * 3 / 4));
+    move.x = x;
+    const auto start = Clock::now();
+    XTestFakeMotionEvent(display.get(), -1, x, height / 2, 0);
+    XFlush(display.get());
+    while (move.x >= 0 && Clock::now() - start < kGivenUp) std::this_thread::sleep_for(milliseconds(1));
+    const bool seen = move.x.exchange(-1) < 0;
+    const auto end = seen ? move.seen.load() : Clock::now();
+    if (seen || watched.in_play)
+      times.push_back(std::chrono::duration<Double, std::milli>(end - start).count());
+  }
+  return times;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  constexpr int kUsualCount = 1000;
+  const int moves = count > 1 ? std::max(std::atoi(arguments[1]), 1) : kUsualCount;
+  try {
+    Move move;
+    Watched watched(move);
+    const stage::PixelSize size = watched.DisplaySize();
+    korvane::Programa programa(watched, korvane::Assets());
+    std::vector<Double> times;
+    std::jthread hand([&] {
+      times = MoveHand(watched, move, size.width, size.height, moves);
+      watched.enough = true;
+    });
+    watched.Play(programa, stage::Moment::max());
+    hand.join();
+    std::ranges::sort(times);
+    std::cout << times.size() << " moves of the hand: half are seen within " << times[times.size() / 2]
+              << " ms, 99 of 100 within " << times[times.size() * 99 / 100] << " ms, the worst after "
+              << times.back() << " ms\n";
+    return 0;
+  } catch (const std::exception& error) {
+    std::cerr << "korvane-hand: " << error.what() << '\n';
+    return 1;
+  }
+}
