@@ -5,6 +5,7 @@
 // usual refresh rate of displays.
 #include <cmath>
 #include <cstdlib>
+#include <iomanip>
 #include <iostream>
 #include <vector>
 
@@ -149,7 +150,7 @@ void Measure(Film<Machine>& film, int rate, int seconds) {
   AddPainted(film.Frames(), painted);
   AddSeen(film.Frames(), rate, kMidway, midway);
   for (int i = 0; i < kPhases; ++i) AddSeen(film.Frames(), rate, (i + kMidway) / kPhases, any_phase);
-  std::cout << rate << " Hz: " << film.Frames().size() << " pictures, step error " << painted.RootInPerCent()
+  std::cout << std::setprecision(2) << rate << " Hz: step error " << painted.RootInPerCent()
             << " % as painted, " << midway.RootInPerCent() << " % on a display that refreshes midway, "
             << any_phase.RootInPerCent() << " % over all phases of the display\n";
 }

@@ -36,7 +36,6 @@ class Watched : public tools::SelfPlayer<stage::sdl::SdlPlatform> {
     korvane::game* const jogo = Flying();
     in_play = jogo != nullptr;
     if (jogo == nullptr) return;
-    jogo->Vidas = 5;
     const Double paddle = jogo->User.Area().left * DisplaySize().height / jogo->Palco.Screen.Height;
     if (std::abs(paddle - move_.x) > 1) return;
     move_.seen = Clock::now();
@@ -44,6 +43,10 @@ class Watched : public tools::SelfPlayer<stage::sdl::SdlPlatform> {
   }
 
   std::optional<stage::Event> NextEvent() override {
+    // The ball turns above the paddle, which need not be there to meet it.
+    constexpr Double kLowest = 6000;
+    korvane::game* const jogo = Flying();
+    if (jogo != nullptr && jogo->ball.Top > kLowest) jogo->VelY = -std::abs(jogo->VelY);
     if (enough.exchange(false)) return stage::QuitAsked{};
     return SelfPlayer::NextEvent();
   }
@@ -55,27 +58,27 @@ class Watched : public tools::SelfPlayer<stage::sdl::SdlPlatform> {
   Move& move_;
 };
 
-/// Moves the pointer COUNT times and gives the times that the picture took, in ms.
-std::vector<Double> MoveHand(const Watched& watched, Move& move, int width, int height, int count) {
+/// Moves the pointer `count` times and gives the times that the picture took, in ms.
+std::vector<Double> MoveHand(const std::stop_token& stop, const Watched& watched, Move& move,
+                             stage::PixelSize size, int count) {
   using std::chrono::milliseconds;
   constexpr auto kGivenUp = milliseconds(500);
   const std::unique_ptr<Display, decltype(&XCloseDisplay)> display(XOpenDisplay(nullptr), &XCloseDisplay);
   if (!display) throw std::runtime_error("no display of X");
   std::mt19937 random(1);
   std::vector<Double> times;
-  while (int(times.size()) < count) {
+  while (int(times.size()) < count && !stop.stop_requested()) {
     std::this_thread::sleep_for(std::chrono::microseconds(5000 + random() % 30000));
     if (!watched.in_play) continue;
-    const int x = int(random() % unsigned(width * 3 / 4));
+    const int x = int(random() % unsigned(size.width * 3 / 4));
     move.x = x;
     const auto start = Clock::now();
-    XTestFakeMotionEvent(display.get(), -1, x, height / 2, 0);
+    XTestFakeMotionEvent(display.get(), -1, x, size.height / 2, 0);
     XFlush(display.get());
     while (move.x >= 0 && Clock::now() - start < kGivenUp) std::this_thread::sleep_for(milliseconds(1));
     const bool seen = move.x.exchange(-1) < 0;
     const auto end = seen ? move.seen.load() : Clock::now();
-    if (seen || watched.in_play)
-      times.push_back(std::chrono::duration<Double, std::milli>(end - start).count());
+    times.push_back(std::chrono::duration<Double, std::milli>(end - start).count());
   }
   return times;
 }
@@ -91,8 +94,8 @@ int main(int count, char** arguments) {
     const stage::PixelSize size = watched.DisplaySize();
     korvane::Programa programa(watched, korvane::Assets());
     std::vector<Double> times;
-    std::jthread hand([&] {
-      times = MoveHand(watched, move, size.width, size.height, moves);
+    std::jthread hand([&](const std::stop_token& stop) {
+      times = MoveHand(stop, watched, move, size, moves);
       watched.enough = true;
     });
     watched.Play(programa, stage::Moment::max());

@@ -1,4 +1,4 @@
-// What a tick, a level and a picture cost.
+// What a tick, a level and a picture cost, beside a plain loop that tells how fast the machine is.
 #include <benchmark/benchmark.h>
 
 #include "tests/mesa.h"
@@ -21,6 +21,21 @@ std::string FullLevel() {
 
 const std::map<std::string, std::string> kFiles{{"levels/1.sav", FullLevel()}};
 constexpr stage::ScreenSize kWide{16000, 9000};
+
+/// 10 000 steps that each need the one before, with a little memory and a branch that is hard to foretell.
+void Reference(benchmark::State& state) {
+  std::array<std::uint32_t, 256> memory{};
+  std::uint32_t number = 1;
+  for (auto _ : state) {
+    for (int step = 0; step < 10'000; ++step) {
+      number = number * 1664525U + 1013904223U;
+      std::uint32_t& cell = memory[number >> 24U];
+      cell += (number >> 16U & 1U) != 0 ? number : cell / 3;
+    }
+    benchmark::DoNotOptimize(memory);
+  }
+}
+BENCHMARK(Reference);
 
 /// The ball flies among the blocks and meets none of them.
 void BallStepWithoutAHit(benchmark::State& state) {
@@ -92,6 +107,42 @@ void PaintChangedBall(benchmark::State& state) {
   }
 }
 BENCHMARK(PaintChangedBall)->Unit(benchmark::kMicrosecond);
+
+/// The ball on its way between two beats, a picture for each refresh of a display of 240 Hz.
+void PaintGlidingBall(benchmark::State& state) {
+  Mesa mesa(kFiles, kWide, 1.8, 240);
+  mesa.platform->Look(true);
+  mesa.Do();
+  mesa.Palco().Repaint();
+  game& jogo = mesa.Jogo();
+  jogo.BolaPresa = false;
+  jogo.paused = true;
+  for (auto _ : state) {
+    mesa.platform->Pass(stage::Moment(1'000'000 / 240));
+    mesa.Palco().Glides().Beat();
+    jogo.ball.Top = 5000;
+    jogo.ball.Left = jogo.ball.Left > 10000 ? 1000 : Single(jogo.ball.Left + 35);
+    mesa.Palco().PaintNow();
+  }
+}
+BENCHMARK(PaintGlidingBall)->Unit(benchmark::kMicrosecond);
+
+/// The ball flies between the walls and a paddle as wide as the field; nobody looks.
+void MinuteOfPlay(benchmark::State& state) {
+  constexpr int kBeats = 60 * 64;
+  const std::map<std::string, std::string> block_out_of_reach{
+      {"levels/1.sav", "pisca,0,500,10,0\n9600,0,250,480,5\n"}};
+  Mesa mesa(block_out_of_reach);
+  game& jogo = mesa.Jogo();
+  mesa.programa->Module1.Vkorv = 75;
+  jogo.VelY = -75;
+  jogo.BolaPresa = false;
+  jogo.User.Width = 12000;
+  jogo.User.Left = 0;
+  for (auto _ : state) mesa.Beats(kBeats);
+  if (jogo.BolaPresa) state.SkipWithError("the ball has been lost");
+}
+BENCHMARK(MinuteOfPlay)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 
