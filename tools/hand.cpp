@@ -70,10 +70,11 @@ std::vector<Double> MoveHand(const std::stop_token& stop, const Watched& watched
   while (int(times.size()) < count && !stop.stop_requested()) {
     std::this_thread::sleep_for(std::chrono::microseconds(5000 + random() % 30000));
     if (!watched.in_play) continue;
+    // Below the ball: a pointer that lies over it moves nothing.
     const int x = int(random() % unsigned(size.width * 3 / 4));
     move.x = x;
     const auto start = Clock::now();
-    XTestFakeMotionEvent(display.get(), -1, x, size.height / 2, 0);
+    XTestFakeMotionEvent(display.get(), -1, x, size.height * 3 / 4, 0);
     XFlush(display.get());
     while (move.x >= 0 && Clock::now() - start < kGivenUp) std::this_thread::sleep_for(milliseconds(1));
     const bool seen = move.x.exchange(-1) < 0;
