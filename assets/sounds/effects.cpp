@@ -36,17 +36,18 @@ const Timbre& Rich() {
 
 // A dry bar of wood: the overtones of a bar are far apart and die at once.
 Wave WallTick() {
-  const Wave bar = Strike(0.075, 2.0 * kG4, {{1.0, 1.0, 0.009}, {2.76, 0.35, 0.005}, {0.5, 0.4, 0.012}});
-  const Wave scrape = Shape(BandPass(Noise(0.075, 11), Steady(1400.0), 0.8), Pluck(0.0005, 0.004));
-  return LowPass(Mix({{bar}, {scrape, 0.7}}), Steady(2400.0));
+  const Wave bar = Strike(0.060, 2.0 * kA4, {{1.0, 1.0, 0.006}, {2.76, 0.5, 0.004}});
+  const Wave scrape = Shape(BandPass(Noise(0.060, 11), Steady(1800.0), 0.8), Pluck(0.0005, 0.004));
+  return LowPass(Mix({{bar}, {scrape, 0.7}}), Steady(3000.0));
 }
 
 // The spring is a low note that dips in and bobs a little before it rests.
 Wave PaddlePock() {
-  const Curve pitch = Sway(Settle(1.9 * kG4 / 2.0, kG4 / 2.0, 0.010), 26.0, Settle(2.4, 0.2, 0.04));
-  const Wave skin = Shape(Tone(0.12, pitch, Round()), Pluck(0.002, 0.016));
-  const Wave thud = Shape(LowPass(Noise(0.12, 23), Steady(700.0)), Pluck(0.001, 0.007));
-  return Mix({{skin}, {thud, 0.8}});
+  const double rest = kC4 / 2.0;
+  const Curve pitch = Sway(Settle(1.9 * rest, rest, 0.012), 26.0, Settle(2.4, 0.2, 0.04));
+  const Wave skin = Shape(Tone(0.145, pitch, Round()), Pluck(0.002, 0.030));
+  const Wave thud = Shape(LowPass(Noise(0.145, 23), Steady(500.0)), Pluck(0.001, 0.007));
+  return Mix({{skin}, {thud, 0.5}});
 }
 
 // A small glass bubble: the pitch skips upwards and two splinters ring above it.
