@@ -7,7 +7,7 @@
 
 int main() {
   try {
-    stage::sdl::SdlPlatform platform("Korvane");
+    stage::sdl::SdlPlatform platform("Korvane", "korvane");
     korvane::Programa programa(platform, korvane::Assets());
     programa.Corre();
     return 0;

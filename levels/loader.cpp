@@ -39,7 +39,7 @@ void game::CarregaFase(Integer num) {
   Vetor<Integer, 600>& TipoBox = Module1.TipoBox;
   ProximoBox = 1;
   TemRigido = false;
-  const std::string texto = LevelText(stage::HostPath(Arquivo(Caminho, num)));
+  const std::string texto = LevelText(Palco.FileToRead(Arquivo(Caminho, num)));
   LevelReader leitor(texto);
   while (!leitor.AtEnd()) {
     const LevelRecord registro = leitor.Next();

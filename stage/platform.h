@@ -9,6 +9,7 @@
 
 #include "stage/artist.h"
 #include "stage/events.h"
+#include "stage/program_folders.h"
 
 namespace stage {
 
@@ -58,8 +59,7 @@ class Platform {
   /// silence.
   virtual void PlaySound(const std::filesystem::path& file) = 0;
   virtual std::string Clipboard() = 0;
-  /// The folder that the program's files lie in.
-  virtual std::filesystem::path ProgramFolder() = 0;
+  virtual ProgramFolders Folders() = 0;
 };
 
 }  // namespace stage

@@ -17,6 +17,8 @@ struct ScriptedSetup {
   Double seconds_of_day = 43200;
   std::filesystem::path folder;
   int refresh_rate = 0;
+  /// The folder that the program was installed to, if it was.
+  std::filesystem::path installed{};
 };
 
 class ScriptedPlatform : public Platform {
@@ -59,7 +61,7 @@ class ScriptedPlatform : public Platform {
   void MovePointer(PixelPoint place) override;
   void PlaySound(const std::filesystem::path& file) override;
   std::string Clipboard() override { return clipboard_; }
-  std::filesystem::path ProgramFolder() override { return setup_.folder; }
+  ProgramFolders Folders() override { return {setup_.folder, setup_.installed}; }
 
  private:
   ScriptedSetup setup_;

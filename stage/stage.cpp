@@ -94,7 +94,7 @@ std::shared_ptr<const Bitmap> Stage::BitmapOf(const Picture& picture) {
 }
 
 std::string Stage::AppPath() const {
-  std::string path = platform_.ProgramFolder().generic_string();
+  std::string path = platform_.Folders().own.generic_string();
   if (path.size() > 1 && path.ends_with('/')) path.pop_back();
   std::ranges::replace(path, '/', '\\');
   return path;
@@ -106,6 +106,10 @@ Long Stage::ShowCursor(bool shown) {
   return cursor_counter_;
 }
 
-void Stage::sndPlaySoundA(std::string_view file) { platform_.PlaySound(HostPath(file)); }
+std::filesystem::path Stage::FileToRead(std::string_view name) const {
+  return stage::FileToRead(platform_.Folders(), HostPath(name));
+}
+
+void Stage::sndPlaySoundA(std::string_view file) { platform_.PlaySound(FileToRead(file)); }
 
 }  // namespace stage

@@ -65,6 +65,9 @@ class Stage {
   Platform& Machine() { return platform_; }
   /// The folder of the program, with backslashes as separators; at the root it ends in one.
   std::string AppPath() const;
+  /// A file of that folder, named with backslashes, as the machine names it; if it is missing and the program
+  /// was installed, the installed one.
+  std::filesystem::path FileToRead(std::string_view name) const;
   /// Seconds since midnight.
   Single Timer() { return Single(platform_.SecondsOfDay()); }
   void Randomize(Single seed) { Draws.Randomize(seed); }

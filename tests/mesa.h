@@ -31,12 +31,14 @@ class Mesa {
  public:
   /// Files of the program's folder by name. Without any there is one quiet level.
   explicit Mesa(const std::map<std::string, std::string>& files = {{"levels/1.sav", kQuietLevel}},
-                stage::ScreenSize screen = {}, stage::Double scale = 1, int refresh_rate = 0) {
+                stage::ScreenSize screen = {}, stage::Double scale = 1, int refresh_rate = 0,
+                const std::filesystem::path& installed = {}) {
     for (const auto& [name, content] : files) WriteFile(folder.Path() / name, content);
     setup_.screen = screen;
     setup_.scale = scale;
     setup_.refresh_rate = refresh_rate;
     setup_.folder = folder.Path();
+    setup_.installed = installed;
     platform.emplace(setup_, artist);
     programa.emplace(*platform, Assets());
     platform->Director = [this] {

@@ -64,7 +64,7 @@ int main(int count, char** arguments) {
   constexpr int kUsualSeconds = 30;
   const int seconds = count > 1 ? std::atoi(arguments[1]) : kUsualSeconds;
   try {
-    stage::sdl::SdlPlatform platform("Korvane");
+    stage::sdl::SdlPlatform platform("Korvane", "korvane");
     stage::Stage stage(platform, korvane::Assets(), "Korvane");
     const auto form = std::make_shared<Ticking>(stage, std::size_t(std::max(seconds, 1)) * 64);
     try {

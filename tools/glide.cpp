@@ -164,7 +164,7 @@ int main(int count, char** arguments) {
   const int seconds = count > given ? std::atoi(arguments[given]) : kUsualSeconds;
   try {
     if (window) {
-      Film<stage::sdl::SdlPlatform> film("Korvane");
+      Film<stage::sdl::SdlPlatform> film("Korvane", "korvane");
       Measure(film, film.RefreshRate(), seconds);
       return 0;
     }

@@ -29,7 +29,7 @@ struct Move {
 
 class Watched : public tools::SelfPlayer<stage::sdl::SdlPlatform> {
  public:
-  explicit Watched(Move& move) : SelfPlayer("Korvane"), move_(move) { moves_paddle = false; }
+  explicit Watched(Move& move) : SelfPlayer("Korvane", "korvane"), move_(move) { moves_paddle = false; }
 
   void Present(std::span<const stage::PixelRect> changed) override {
     SelfPlayer::Present(changed);

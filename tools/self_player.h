@@ -42,7 +42,7 @@ class SelfPlayer : public Machine {
     if (!moves_paddle) return std::nullopt;
     return PaddleUnder(jogo);
   }
-  std::filesystem::path ProgramFolder() override { return folder_.Path(); }
+  stage::ProgramFolders Folders() override { return {folder_.Path(), {}}; }
 
  protected:
   /// The game, while the ball flies at the speed that the game has found for this machine.

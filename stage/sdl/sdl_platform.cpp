@@ -40,7 +40,8 @@ SdlPlatform::Session::~Session() { SDL_Quit(); }
 
 void SdlPlatform::DestroyWindow::operator()(SDL_Window* window) const { SDL_DestroyWindow(window); }
 
-SdlPlatform::SdlPlatform(const char* title) {
+SdlPlatform::SdlPlatform(const char* title, const char* name)
+    : folders_(FindProgramFolders(TakeString(SDL_GetBasePath()), name, DataHome())) {
   SDL_Rect area{0, 0, 800, 600};
   SDL_GetDisplayBounds(0, &area);
   window_.reset(SDL_CreateWindow(title, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, area.w, area.h,
@@ -192,7 +193,5 @@ PixelPoint SdlPlatform::PointerPlace() {
 void SdlPlatform::MovePointer(PixelPoint place) { SDL_WarpMouseInWindow(window_.get(), place.x, place.y); }
 
 std::string SdlPlatform::Clipboard() { return TakeString(SDL_GetClipboardText()); }
-
-std::filesystem::path SdlPlatform::ProgramFolder() { return TakeString(SDL_GetBasePath()); }
 
 }  // namespace stage::sdl

@@ -21,8 +21,9 @@ class NoDisplay : public std::runtime_error {
 
 class SdlPlatform : public Platform {
  public:
-  /// Opens the window. Raises NoDisplay. Without a sound device it plays silently.
-  explicit SdlPlatform(const char* title);
+  /// Opens the window. Raises NoDisplay. Without a sound device it plays silently. If the program was
+  /// installed its folders are called `name`.
+  SdlPlatform(const char* title, const char* name);
   ~SdlPlatform() override;
 
   ScreenSize Screen() override { return ScreenFor(DisplaySize()); }
@@ -40,7 +41,7 @@ class SdlPlatform : public Platform {
   void MovePointer(PixelPoint place) override;
   void PlaySound(const std::filesystem::path& file) override { voice_.Play(file); }
   std::string Clipboard() override;
-  std::filesystem::path ProgramFolder() override;
+  ProgramFolders Folders() override { return folders_; }
 
  private:
   struct Session {
@@ -58,6 +59,7 @@ class SdlPlatform : public Platform {
   bool InputComes(Moment longest) const;
 
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+  ProgramFolders folders_;
   Session session_;
   std::unique_ptr<SDL_Window, DestroyWindow> window_;
   int connection_ = -1;

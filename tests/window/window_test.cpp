@@ -134,5 +134,52 @@ TEST_F(Window, ARecordIsMadeAndKept) {
   EXPECT_EQ(Content("kv_his.dat"), records);
 }
 
+/// The game as installed for all users; its folder is not its player's.
+class InstalledWindow : public Window {
+ protected:
+  InstalledWindow() {
+    const std::filesystem::path share = folder_.Path() / "share" / "games" / "korvane";
+    std::filesystem::create_directories(share);
+    std::filesystem::create_directory(folder_.Path() / "games");
+    std::filesystem::rename(folder_.Path() / "levels", share / "levels");
+    std::filesystem::rename(folder_.Path() / "korvane", folder_.Path() / "games" / "korvane");
+  }
+
+  /// Starts the game with a home, comes to its field and leaves it.
+  void Play(const std::string& data_home, const std::string& home) {
+    std::vector<std::string> environment = desktop_.Environment();
+    environment.insert(environment.end(), {"XDG_DATA_HOME=" + data_home, "HOME=" + home});
+    Process game({(folder_.Path() / "games" / "korvane").string()}, environment, folder_.Path() / "errors");
+    CloseHelp();
+    desktop_.Hand("key Escape");
+    EXPECT_TRUE(Eventually([&] { return TableIsUp(); }));
+    desktop_.Hand("key Escape");
+    EXPECT_EQ(game.WaitForEnd(), 0);
+  }
+  bool SomethingIsKeptByTheProgram() const {
+    const auto lies_in = [&](const char* folder) {
+      return std::filesystem::exists(folder_.Path() / folder / "kv_his.dat");
+    };
+    return lies_in("games") || lies_in("share/games/korvane");
+  }
+};
+
+TEST_F(InstalledWindow, ItsPlayersFolderIsWhereTheEnvironmentSays) {
+  const std::string home = (folder_.Path() / "home").string();
+  Play("share", home);
+  EXPECT_TRUE(Content("home/.local/share/korvane/kv_his.dat").starts_with("\".\"\r\n0\r\n"));
+  Play((folder_.Path() / "data").string(), home);
+  EXPECT_TRUE(Content("data/korvane/kv_his.dat").starts_with("\".\"\r\n0\r\n"));
+  EXPECT_EQ(Content("errors"), "");
+  EXPECT_FALSE(SomethingIsKeptByTheProgram());
+}
+
+TEST_F(InstalledWindow, WithoutAHomeItPlaysAndKeepsNothing) {
+  Play("", "");
+  const std::string errors = Content("errors");
+  EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << errors;
+  EXPECT_FALSE(SomethingIsKeptByTheProgram());
+}
+
 }  // namespace
 }  // namespace tests

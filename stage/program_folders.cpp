@@ -1,0 +1,70 @@
+#include "stage/program_folders.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <vector>
+
+namespace stage {
+namespace {
+
+using std::filesystem::path;
+
+/// The folder that a variable names. Relative ones would depend on where the program was started.
+path Named(const char* variable) {
+  const char* const value = std::getenv(variable);
+  const path folder = value == nullptr ? "" : value;
+  return folder.is_absolute() ? folder : path();
+}
+
+/// The names of the folders in a folder.
+std::vector<path> FoldersIn(const path& folder) {
+  std::vector<path> names;
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    if (entry->is_directory()) names.push_back(entry->path().filename());
+  }
+  return names;
+}
+
+/// Makes a folder and those that it lies in, for its owner alone. What cannot be made shows when it is used.
+void MakePrivate(const path& folder) {
+  path made;
+  for (const path& part : folder) {
+    made /= part;
+    mkdir(made.c_str(), S_IRWXU);
+  }
+}
+
+}  // namespace
+
+path DataHome() {
+  path data_home = Named("XDG_DATA_HOME");
+  if (!data_home.empty()) return data_home;
+  const path home = Named("HOME");
+  return home.empty() ? path() : home / ".local" / "share";
+}
+
+ProgramFolders FindProgramFolders(const path& program, const path& name, const path& data_home) {
+  const path installed = (program / ".." / "share" / "games" / name).lexically_normal();
+  const std::vector<path> names = FoldersIn(installed);
+  const auto lies_beside = [&](const path& folder) { return std::filesystem::exists(program / folder); };
+  if (names.empty() || std::ranges::any_of(names, lies_beside)) return {program, {}};
+  // Nothing can be kept in a folder of a device: no player's folder, no files.
+  const path own = (data_home.empty() ? "/dev/null" : data_home) / name;
+  for (const path& folder : names) MakePrivate(own / folder);
+  return {own, installed};
+}
+
+path FileToRead(const ProgramFolders& folders, const path& file) {
+  std::error_code error;
+  if (folders.installed.empty() || std::filesystem::exists(file, error)) return file;
+  const path name = file.lexically_relative(folders.own);
+  if (name.empty() || *name.begin() == "..") return file;
+  const path installed = folders.installed / name;
+  return std::filesystem::exists(installed, error) ? installed : file;
+}
+
+}  // namespace stage

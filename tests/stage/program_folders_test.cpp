@@ -1,0 +1,104 @@
+#include "stage/program_folders.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/mesa.h"
+
+namespace tests {
+namespace {
+
+using std::filesystem::path;
+
+/// A level that is over as soon as it is looked at.
+std::string HardBlocks(int count) {
+  std::string level;
+  for (int i = 0; i < count; ++i) level += "600,11000,250,480,20\r\n";
+  return level;
+}
+
+/// A prefix that the game was installed to, and a home for its player.
+class Installed : public testing::Test {
+ protected:
+  Installed() {
+    WriteFile(Share() / "levels" / "1.sav", kQuietLevel);
+    WriteFile(Share() / "levels" / "2.sav", HardBlocks(2));
+    WriteFile(Share() / "sons" / "lad.wav", "installed");
+    std::filesystem::create_directory(Games());
+  }
+
+  path Games() const { return prefix_.Path() / "games"; }
+  path Share() const { return prefix_.Path() / "share" / "games" / "korvane"; }
+  path Home() const { return home_.Path() / "data"; }
+  path Own() const { return Home() / "korvane"; }
+  stage::ProgramFolders Found() const { return stage::FindProgramFolders(Games() / "", "korvane", Home()); }
+
+  tools::TempFolder prefix_;
+  tools::TempFolder home_;
+};
+
+TEST_F(Installed, TheFirstStartMakesThePlayersFolder) {
+  const stage::ProgramFolders found = Found();
+  EXPECT_EQ(found.own, Own());
+  EXPECT_EQ(found.installed, Share());
+  EXPECT_TRUE(std::filesystem::is_empty(Own() / "levels"));
+  EXPECT_TRUE(std::filesystem::is_empty(Own() / "sons"));
+  using std::filesystem::perms;
+  EXPECT_EQ(std::filesystem::status(Own()).permissions() & (perms::group_all | perms::others_all),
+            perms::none);
+}
+
+TEST_F(Installed, FilesBesideTheProgramMakeItsFolderItsOwn) {
+  WriteFile(Games() / "levels" / "1.sav", kQuietLevel);
+  EXPECT_EQ(Found().own, Games() / "");
+  EXPECT_TRUE(Found().installed.empty());
+  EXPECT_FALSE(std::filesystem::exists(Own()));
+}
+
+TEST_F(Installed, NoOtherProgramsFilesAreTaken) {
+  EXPECT_TRUE(stage::FindProgramFolders(Games(), "other", Home()).installed.empty());
+  EXPECT_TRUE(stage::FindProgramFolders(Share(), "korvane", Home()).installed.empty());
+}
+
+TEST_F(Installed, AFileOfThePlayersWinsAndAMissingOneFallsBack) {
+  const stage::ProgramFolders found = Found();
+  WriteFile(Own() / "levels" / "1.sav", kQuietLevel);
+  EXPECT_EQ(stage::FileToRead(found, Own() / "levels" / "1.sav"), Own() / "levels" / "1.sav");
+  EXPECT_EQ(stage::FileToRead(found, Own() / "levels" / "2.sav"), Share() / "levels" / "2.sav");
+  EXPECT_EQ(stage::FileToRead(found, Own() / "levels" / "3.sav"), Own() / "levels" / "3.sav");
+  EXPECT_EQ(stage::FileToRead(found, home_.Path() / "levels" / "2.sav"), home_.Path() / "levels" / "2.sav");
+}
+
+TEST_F(Installed, LevelsOfBothFoldersMakeOneSeries) {
+  Mesa mesa({{"levels/1.sav", HardBlocks(1)}, {"levels/3.sav", HardBlocks(3)}}, {}, 1, 0, Share());
+  game& jogo = mesa.Jogo();
+  std::string series;
+  for (int level = 1; level <= 5; ++level) {
+    series +=
+        "ABCD"[jogo.Serie] + std::to_string(jogo.FaseAtual) + ":" + std::to_string(jogo.ProximoBox - 1) + " ";
+    jogo.passafase();
+  }
+  EXPECT_EQ(series, "A1:1 A2:2 A3:3 B1:1 B2:2 ");
+  EXPECT_TRUE(std::filesystem::exists(mesa.folder.Path() / "kv_his.dat"));
+  EXPECT_FALSE(std::filesystem::exists(Share() / "kv_his.dat"));
+}
+
+TEST_F(Installed, SoundsAreLookedForLikeLevels) {
+  struct Listening : stage::ScriptedPlatform {
+    using ScriptedPlatform::ScriptedPlatform;
+    void PlaySound(const path& file) override { played = file; }
+    path played;
+  };
+  stage::sdl::Artist artist;
+  Listening platform({{}, 1, 0, Own(), 0, Share()}, artist);
+  Programa programa(platform, Assets());
+  const auto play = [&] {
+    programa.Palco.sndPlaySoundA(programa.Palco.AppPath() + "\\sons\\lad.wav");
+    return platform.played;
+  };
+  EXPECT_EQ(play(), Share() / "sons" / "lad.wav");
+  WriteFile(Own() / "sons" / "lad.wav", "own");
+  EXPECT_EQ(play(), Own() / "sons" / "lad.wav");
+}
+
+}  // namespace
+}  // namespace tests
