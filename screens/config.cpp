@@ -17,8 +17,10 @@ void GravaIni(std::string_view section, std::string_view key, std::string_view v
   try {
     stage::WritePrivateProfileStringA(section, key, value, file);
   } catch (const stage::RuntimeError&) {
-    std::cerr << "korvane: cannot write " << stage::HostPath(file).string()
-              << "; the speed holds for this run only\n";
+    const std::filesystem::path path = stage::HostPath(file);
+    std::error_code error;
+    if (!std::filesystem::exists(path.parent_path(), error)) return;
+    std::cerr << "korvane: cannot write " << path.string() << "; the speed holds for this run only\n";
   }
 }
 

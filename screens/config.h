@@ -10,7 +10,8 @@ namespace korvane {
 
 /// The value of a key, at most 254 characters; empty if there is none.
 std::string LeIni(std::string_view section, std::string_view key, std::string_view file);
-/// Stores the value of a key. What cannot be written is said in one line on stderr.
+/// Stores the value of a key. What cannot be written is said in one line on stderr, unless there is no folder
+/// to keep anything in, which the records have said before.
 void GravaIni(std::string_view section, std::string_view key, std::string_view value, std::string_view file);
 
 }  // namespace korvane
