@@ -72,12 +72,10 @@ TEST_F(Installed, LevelsOfBothFoldersMakeOneSeries) {
   Mesa mesa({{"levels/1.sav", HardBlocks(1)}, {"levels/3.sav", HardBlocks(3)}}, {}, 1, 0, Share());
   game& jogo = mesa.Jogo();
   std::string series;
-  for (int level = 1; level <= 5; ++level) {
-    series +=
-        "ABCD"[jogo.Serie] + std::to_string(jogo.FaseAtual) + ":" + std::to_string(jogo.ProximoBox - 1) + " ";
-    jogo.passafase();
+  for (; jogo.Serie == 0; jogo.passafase()) {
+    series += std::to_string(jogo.FaseAtual) + ":" + std::to_string(jogo.ProximoBox - 1) + " ";
   }
-  EXPECT_EQ(series, "A1:1 A2:2 A3:3 B1:1 B2:2 ");
+  EXPECT_EQ(series, "1:1 2:2 3:3 ");
   EXPECT_TRUE(std::filesystem::exists(mesa.folder.Path() / "kv_his.dat"));
   EXPECT_FALSE(std::filesystem::exists(Share() / "kv_his.dat"));
 }
