@@ -1,5 +1,4 @@
-#ifndef KORVANE_SONS_EFFECTS_H_
-#define KORVANE_SONS_EFFECTS_H_
+#pragma once
 
 #include <span>
 #include <string_view>
@@ -18,5 +17,3 @@ struct Effect {
 std::span<const Effect> Effects();
 
 }  // namespace sons
-
-#endif  // KORVANE_SONS_EFFECTS_H_

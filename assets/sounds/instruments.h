@@ -1,5 +1,4 @@
-#ifndef KORVANE_SONS_INSTRUMENTS_H_
-#define KORVANE_SONS_INSTRUMENTS_H_
+#pragma once
 
 #include <cstdint>
 #include <functional>
@@ -57,5 +56,3 @@ Wave BandPass(Wave wave, const Curve& centre, double focus);
 Wave Warm(Wave wave, double drive);
 
 }  // namespace sons
-
-#endif  // KORVANE_SONS_INSTRUMENTS_H_

@@ -1,5 +1,4 @@
-#ifndef KORVANE_SONS_WAVE_H_
-#define KORVANE_SONS_WAVE_H_
+#pragma once
 
 #include <cstddef>
 #include <filesystem>
@@ -38,5 +37,3 @@ Wave Finish(Wave wave, double peak_db);
 void WriteWav(const Wave& wave, const std::filesystem::path& path);
 
 }  // namespace sons
-
-#endif  // KORVANE_SONS_WAVE_H_

@@ -4,7 +4,7 @@
 #include "tests/mesa.h"
 #include "tools/level/check.h"
 #include "tools/level/draw.h"
-#include "tools/level_map.h"
+#include "tools/level/map.h"
 
 namespace {
 
@@ -93,7 +93,7 @@ TEST(LevelTool, FindsNothingWrongWithTheLevelsOfTheGame) {
     const std::string text = ReadFile(entry.path());
     EXPECT_EQ(level::Check(text).fault ? level::Check(text).Text() : "", "") << entry.path();
     const auto map = entry.path().parent_path() / "maps" / entry.path().stem();
-    EXPECT_EQ(level_map::SavFromMap(ReadFile(map.string() + ".txt")), text) << entry.path();
+    EXPECT_EQ(level::SavFromMap(ReadFile(map.string() + ".txt")), text) << entry.path();
   }
   EXPECT_EQ(levels, 40);
 }
@@ -121,7 +121,7 @@ TEST(LevelTool, DrawsTheLevelAtTheSizeAskedFor) {
 const std::string kHead = "name: Test\nmap:\n";
 
 TEST(LevelMap, LaysTheLowestBlockLastAndTheRuleFirst) {
-  EXPECT_EQ(level_map::SavFromMap("name: Test\ncell: 1000 300\ncolumns: 4\norigin: 1000 1000\ngap: 20\n"
+  EXPECT_EQ(level::SavFromMap("name: Test\ncell: 1000 300\ncolumns: 4\norigin: 1000 1000\ngap: 20\n"
                                   "barred: 7\nblink: c 1200\nmap:\na-.#\n|-?\n>..c\n"),
             "pisca,3,1200,7,0\n"
             "1010,4010,280,980,20\n"
@@ -146,9 +146,9 @@ TEST(LevelMap, TellsTheLineThatIsWrong) {
       {kHead + std::string(24, 'a') + "\n", "line 3: the row is wider than 23 columns"}};
   for (const auto& [map, why] : cases) {
     try {
-      level_map::SavFromMap(map);
+      level::SavFromMap(map);
       ADD_FAILURE() << map;
-    } catch (const level_map::MapError& error) {
+    } catch (const level::MapError& error) {
       EXPECT_TRUE(std::string(error.what()).starts_with(why)) << error.what() << " for " << map;
     }
   }

@@ -7,7 +7,7 @@
 #include "levels/level_file.h"
 #include "tools/level/check.h"
 #include "tools/level/draw.h"
-#include "tools/level_map.h"
+#include "tools/level/map.h"
 
 namespace {
 
@@ -70,7 +70,7 @@ int Draw(const Words& words) {
 
 int Make(const Words& words) {
   if (words.size() != 1) return Usage();
-  std::cout << level_map::SavFromMap(korvane::LevelText(words[0]));
+  std::cout << level::SavFromMap(korvane::LevelText(words[0]));
   return 0;
 }
 

@@ -3,20 +3,9 @@
 
 #include <vector>
 
+#include "tools/level/block.h"
+
 namespace level {
-
-/// A block in design units.
-struct Block {
-  int record = 0;
-  int top = 0;
-  int left = 0;
-  int height = 0;
-  int width = 0;
-  int type = 0;
-
-  int Bottom() const { return top + height; }
-  int Right() const { return left + width; }
-};
 
 /// Where the ball's top left corner may be, in design units. The ball is taken as large as it is against the
 /// blocks of the narrowest screen, 5:4, where it fills the most of them.

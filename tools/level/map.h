@@ -1,12 +1,3 @@
-#ifndef KORVANE_TOOLS_LEVEL_MAP_H_
-#define KORVANE_TOOLS_LEVEL_MAP_H_
-
-#include <cstddef>
-#include <stdexcept>
-#include <string>
-#include <string_view>
-#include <vector>
-
 // Turns a level drawn in a text editor into the records of a level file.
 //
 // A map is a few header lines, a line "map:", then the grid with one character per cell:
@@ -23,15 +14,13 @@
 // pale olive one; '.' and blank are empty. '-' widens the block on its left by a cell; '|' lengthens the
 // block above, repeated at its full width ("|--" under "a--"). A row that starts with '>' lies half a cell
 // to the right.
-namespace level_map {
+#pragma once
 
-// What a level file may hold, in design units.
-inline constexpr int kFieldLeft = 260;
-inline constexpr int kFieldRight = 11740;
-inline constexpr int kFieldTop = 500;
-inline constexpr int kFieldBottom = 6300;  // leaves room above the paddle once the fourth series lowers it
-inline constexpr std::size_t kMostBlocks = 598;
-inline constexpr std::size_t kMostBytes = 65536;  // of map text
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace level {
 
 // A fault in a map; what() reads "line N: why", with lines counted from 1.
 class MapError : public std::runtime_error {
@@ -39,18 +28,9 @@ class MapError : public std::runtime_error {
   MapError(std::size_t line, const std::string& why);
 };
 
-struct Level {
-  std::string name;
-  std::vector<std::string> records;  // without line ends; the rule first, the lowest block last
-};
-
-// Throws MapError on an unknown or repeated header, a value out of range, an unknown character in the grid,
-// a block outside the field, no block that a plain ball can remove, or more than kMostBlocks.
-Level LevelFromMap(std::string_view text);
-
-// The same level as the text of a .sav file: one record a line, each line ended. Throws as LevelFromMap.
+// The level as the text of a .sav file: one record a line, each line ended, the lowest block last. Throws
+// MapError on an unknown or repeated header, a value out of range, an unknown character in the grid, a block
+// outside the field, no block that a plain ball can remove, or too many blocks.
 std::string SavFromMap(std::string_view text);
 
-}  // namespace level_map
-
-#endif  // KORVANE_TOOLS_LEVEL_MAP_H_
+}  // namespace level

@@ -1,4 +1,4 @@
-#include "level_map.h"
+#include "tools/level/map.h"
 
 #include <algorithm>
 #include <array>
@@ -6,9 +6,20 @@
 #include <optional>
 #include <set>
 #include <system_error>
+#include <vector>
 
-namespace level_map {
+#include "tools/level/block.h"
+
+namespace level {
 namespace {
+
+// What a level file may hold, in design units.
+constexpr int kFieldLeft = 260;
+constexpr int kFieldRight = 11740;
+constexpr int kFieldTop = 500;
+constexpr int kFieldBottom = 6300;  // leaves room above the paddle once the fourth series lowers it
+constexpr std::size_t kMostBlocks = 598;
+constexpr std::size_t kMostBytes = 65536;  // of map text
 
 constexpr std::string_view kPlainTypes = "abcdefghijklmnopqrs";
 constexpr int kHard = 20;
@@ -54,17 +65,6 @@ struct Run {
   char mark = '.';
   int column = 0;
   int cells = 1;
-};
-
-struct Block {
-  int top = 0;
-  int left = 0;
-  int height = 0;
-  int width = 0;
-  int type = 0;
-
-  int Bottom() const { return top + height; }
-  int Right() const { return left + width; }
 };
 
 std::string_view Trimmed(std::string_view text) {
@@ -267,27 +267,17 @@ std::string Record(const Block& block) {
 MapError::MapError(std::size_t line, const std::string& why)
     : std::runtime_error("line " + std::to_string(line) + ": " + why) {}
 
-Level LevelFromMap(std::string_view text) {
+std::string SavFromMap(std::string_view text) {
   Lines lines(text);
   if (text.size() > kMostBytes) lines.Fail("the map is longer than " + std::to_string(kMostBytes) + " bytes");
   const Header header = ReadHeader(lines);
   std::vector<Block> blocks = ReadBlocks(lines, GridOf(header));
-
   // The game looks for hits no lower than the last record, so the lowest block closes the file.
-  std::stable_sort(blocks.begin(), blocks.end(),
-                   [](const Block& a, const Block& b) { return a.Bottom() < b.Bottom(); });
-
-  Level level{.name = header.name, .records = {}};
-  level.records.push_back("pisca," + std::to_string(header.blinking_type) + ',' +
-                          std::to_string(header.blink_ms) + ',' + std::to_string(header.barred) + ",0");
-  for (const Block& block : blocks) level.records.push_back(Record(block));
-  return level;
-}
-
-std::string SavFromMap(std::string_view text) {
-  std::string sav;
-  for (const std::string& record : LevelFromMap(text).records) sav += record + '\n';
+  std::ranges::stable_sort(blocks, {}, &Block::Bottom);
+  std::string sav = "pisca," + std::to_string(header.blinking_type) + ',' + std::to_string(header.blink_ms) +
+                    ',' + std::to_string(header.barred) + ",0\n";
+  for (const Block& block : blocks) sav += Record(block) + '\n';
   return sav;
 }
 
-}  // namespace level_map
+}  // namespace level
