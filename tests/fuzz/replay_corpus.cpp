@@ -1,21 +1,53 @@
-// Runs a fuzzer over the files of a folder, for compilers without one.
+// Runs a fuzzer over the files of a folder and over inputs made from them, for compilers without one.
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 
+#include "tests/fuzz/mutator.h"
 #include "tests/fuzz/require.h"
+
+namespace fs = std::filesystem;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-int main(int, char** arguments) {
-  int inputs = 0;
-  for (const auto& entry : std::filesystem::directory_iterator(arguments[1])) {
-    std::ifstream stream(entry.path(), std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(stream), {}};
-    std::cerr << entry.path().filename().string() << '\n';
-    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
-    ++inputs;
+namespace {
+
+constexpr int kMade = 3000;
+
+void Run(const std::string& input) {
+  LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.data()), input.size());
+}
+
+std::vector<std::string> RunKept(const fs::path& folder) {
+  std::vector<fs::path> files{fs::directory_iterator(folder), {}};
+  std::ranges::sort(files);
+  std::vector<std::string> kept;
+  for (const fs::path& file : files) {
+    std::ifstream stream(file, std::ios::binary);
+    kept.emplace_back(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>());
+    std::cerr << file.filename().string() << '\n';
+    Run(kept.back());
   }
-  return inputs > 0 ? 0 : 1;
+  return kept;
+}
+
+}  // namespace
+
+/// The input at work is kept in LAST, so that one that fails can join the others.
+int main(int count, char** arguments) {
+  if (count != 3) {
+    std::cerr << "usage: " << arguments[0] << " FOLDER LAST\n";
+    return 2;
+  }
+  const std::vector<std::string> kept = RunKept(arguments[1]);
+  if (kept.empty()) return 1;
+  fuzz::Mutator mutator(kept);
+  std::cerr << "made inputs, the last one in " << arguments[2] << '\n';
+  for (int made = 0; made < kMade; ++made) {
+    const std::string input = mutator.Next();
+    std::ofstream(arguments[2], std::ios::binary) << input;
+    Run(input);
+  }
+  return 0;
 }
