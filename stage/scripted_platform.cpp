@@ -14,7 +14,7 @@ constexpr std::size_t kMostRemembered = 100'000;
 ScriptedPlatform::ScriptedPlatform(ScriptedSetup setup, Artist& artist)
     : setup_(std::move(setup)), artist_(artist) {}
 
-void ScriptedPlatform::Send(const Event& event) { events_.push_back(event); }
+void ScriptedPlatform::Send(Event event) { events_.push_back(std::move(event)); }
 
 void ScriptedPlatform::MoveTo(Double x, Double y) {
   pointer_ = {x * setup_.scale / kTwipsPerPixel, y * setup_.scale / kTwipsPerPixel};

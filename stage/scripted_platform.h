@@ -29,7 +29,7 @@ class ScriptedPlatform : public Platform {
   /// Without it a wait for input lasts to its end.
   std::function<void()> Director;
 
-  void Send(const Event& event);
+  void Send(Event event);
   /// The pointer moves to a place in twips of the screen.
   void MoveTo(Double x, Double y);
   void Pass(Moment time) { now_ += time; }
