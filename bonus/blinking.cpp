@@ -20,7 +20,7 @@ void game::TimerPisca_Timer() {
   }
 }
 
-bool game::BolaSobre(stage::Image& bloco) {
+bool game::BolaSobre(const stage::Image& bloco) {
   return Single(bloco.Left - ball.Width) <= ball.Left && Single(bloco.Left + bloco.Width) >= ball.Left &&
          Single(bloco.Top - ball.Height) <= ball.Top && Single(bloco.Top + bloco.Height) >= ball.Top;
 }

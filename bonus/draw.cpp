@@ -26,7 +26,7 @@ Integer game::CodigoSorteado(const Sorteio& sorteio) {
 
 /// What the state of play makes of a drawn code; kNenhum for no bonus. `dois` is what it makes of a drawn 2,
 /// in which the two draws differ.
-Integer game::AplicaRegras(Integer codigo, Integer dois) {
+Integer game::AplicaRegras(Integer codigo, Integer dois) const {
   if (Serie > 0 && codigo == 8) codigo = 3;
   if (Serie > 0 && (codigo == 4 || codigo == 6)) return kNenhum;
   if (codigo == BonusExcluido) return kNenhum;

@@ -3,7 +3,7 @@
 
 namespace korvane {
 
-void game::consedebonus(Integer& nbonus) {
+void game::consedebonus(const Integer& nbonus) {
   switch (nbonus) {
     case 1:
     case 2:

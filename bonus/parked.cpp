@@ -51,7 +51,7 @@ void game::TimerBonusParado_Timer() {
 }
 
 /// Whether a place is found; not if the level goes while events run.
-bool game::ProcuraLugar(stage::Image& fecho, Double& y, Single& x) {
+bool game::ProcuraLugar(const stage::Image& fecho, Double& y, Single& x) {
   const Long fase = FasesRetiradas;
   for (int tentativa = 0; tentativa < kTentativas; ++tentativa) {
     Palco.DoEvents();
@@ -64,7 +64,7 @@ bool game::ProcuraLugar(stage::Image& fecho, Double& y, Single& x) {
   return false;
 }
 
-bool game::LugarLivre(stage::Image& fecho, Double y, Single x, Long fase) {
+bool game::LugarLivre(const stage::Image& fecho, Double y, Single x, Long fase) {
   const Double W = fecho.Width;
   const Double H = fecho.Height;
   const Integer ultimo = ProximoBox - 1;

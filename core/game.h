@@ -99,7 +99,7 @@ class game : public stage::Form {
 
   void Form_Load() override;
   void Form_Unload() override;
-  Integer Redimensionar(std::string_view oque, Integer valor);
+  Integer Redimensionar(std::string_view oque, Integer valor) const;
 
   // Keys and clicks.
 
@@ -138,7 +138,7 @@ class game : public stage::Form {
 
   // Bonuses.
 
-  void consedebonus(Integer& nbonus);
+  void consedebonus(const Integer& nbonus);
   void Timer2_Timer();
   void TimerDescebonus_Timer();
   void TestaBonus();
@@ -203,11 +203,11 @@ class game : public stage::Form {
   void MudaTamanho(Integer tamanho);
   void GanhaFase();
   Integer CodigoSorteado(const Sorteio& sorteio);
-  Integer AplicaRegras(Integer codigo, Integer dois);
+  Integer AplicaRegras(Integer codigo, Integer dois) const;
   void SoltaBonus();
-  bool ProcuraLugar(stage::Image& fecho, Double& y, Single& x);
-  bool LugarLivre(stage::Image& fecho, Double y, Single x, Long fase);
-  bool BolaSobre(stage::Image& bloco);
+  bool ProcuraLugar(const stage::Image& fecho, Double& y, Single& x);
+  bool LugarLivre(const stage::Image& fecho, Double y, Single x, Long fase);
+  bool BolaSobre(const stage::Image& bloco);
 };
 
 }  // namespace korvane

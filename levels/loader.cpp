@@ -36,7 +36,6 @@ void game::loadup(Integer num) {
 }
 
 void game::CarregaFase(Integer num) {
-  Vetor<Integer, 600>& TipoBox = Module1.TipoBox;
   ProximoBox = 1;
   TemRigido = false;
   const std::string texto = LevelText(Palco.FileToRead(Arquivo(Caminho, num)));
@@ -58,7 +57,7 @@ void game::CarregaFase(Integer num) {
     bloco.Height = Single(Redimensionar("top", registro.Height()));
     bloco.Width = Single(Redimensionar("left", registro.Width()));
     bloco.Visible = true;
-    TipoBox(ProximoBox) = registro.Type();
+    Module1.TipoBox(ProximoBox) = registro.Type();
     if (registro.TypeIs(kRigido)) TemRigido = true;
     bloco.Picture = ImagePedra(registro.Type()).Picture;
     ProximoBox = ProximoBox + 1;

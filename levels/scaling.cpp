@@ -7,7 +7,7 @@
 
 namespace korvane {
 
-Integer game::Redimensionar(std::string_view oque, Integer valor) {
+Integer game::Redimensionar(std::string_view oque, Integer valor) const {
   constexpr Double kLarguraReferencia = 12000;
   constexpr Double kAlturaReferencia = 9000;
   std::string chave(oque);

@@ -5,11 +5,13 @@
 #include <unistd.h>
 
 #include <array>
+#include <chrono>
 #include <fstream>
 #include <iostream>
 #include <iterator>
 #include <optional>
 #include <random>
+#include <thread>
 
 #include "records/store.h"
 #include "stage/profile.h"
@@ -124,7 +126,7 @@ bool Round(const std::filesystem::path& folder, std::mt19937& any, Count& count)
   Writer one(folder, 0, first);
   std::optional<Writer> other;
   if (count.rounds % 2 == 1) other.emplace(folder, 1, first);
-  usleep(std::uniform_int_distribution<useconds_t>(0, kLongestLife)(any));
+  std::this_thread::sleep_for(std::chrono::microseconds(std::uniform_int_distribution(0, kLongestLife)(any)));
   one.Kill();
   if (other) other->Kill();
   const std::string new_records = ReadFile(records);

@@ -37,7 +37,7 @@ class SelfPlayer : public Machine {
     next_move_ = now + kBetweenMoves;
     if (now >= end_) return stage::QuitAsked{};
     if (programa_->Palco.ActiveForm()->Name() != "game") return stage::KeyPressed{stage::key::kEsc, 0};
-    korvane::game& jogo = *programa_->game.Last();
+    const korvane::game& jogo = *programa_->game.Last();
     if (jogo.BolaPresa) return stage::PointerPressed{};
     if (!moves_paddle) return std::nullopt;
     return PaddleUnder(jogo);
@@ -57,7 +57,7 @@ class SelfPlayer : public Machine {
  private:
   static constexpr stage::Moment kBetweenMoves = std::chrono::milliseconds(40);
 
-  stage::PointerMoved PaddleUnder(korvane::game& jogo) {
+  stage::PointerMoved PaddleUnder(const korvane::game& jogo) {
     constexpr stage::Double kMeetsAt = 0.7;  // of the paddle's width from its left end
     const stage::Double left = jogo.ball.Left + jogo.ball.Width / 2 - jogo.User.Width * kMeetsAt;
     const stage::Double scale = stage::Double(this->DisplaySize().height) / jogo.Palco.Screen.Height;

@@ -16,8 +16,8 @@ class Process {
  public:
   /// Starts a program; `environment` holds NAME=VALUE pairs on top of the test's own. Output that is named
   /// goes to a file.
-  Process(const std::vector<std::string>& command, const std::vector<std::string>& environment = {},
-          const std::filesystem::path& errors = {});
+  explicit Process(const std::vector<std::string>& command, const std::vector<std::string>& environment = {},
+                   const std::filesystem::path& errors = {});
   ~Process();
   Process(const Process&) = delete;
   Process& operator=(const Process&) = delete;

@@ -46,9 +46,10 @@ class Window : public testing::Test {
   void CloseHelp() {
     ASSERT_TRUE(Eventually([&] { return SomethingIsUp(); }));
     ASSERT_TRUE(Eventually([&] {
-      if (FieldIsUp()) return true;
-      desktop_.Hand("key F1");
-      std::this_thread::sleep_for(std::chrono::milliseconds(300));
+      if (!FieldIsUp()) {
+        desktop_.Hand("key F1");
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+      }
       return FieldIsUp();
     }));
   }

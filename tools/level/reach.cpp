@@ -31,7 +31,8 @@ class Axis {
   }
   void Close() {
     std::ranges::sort(cuts_);
-    cuts_.erase(std::ranges::unique(cuts_).begin(), cuts_.end());
+    const auto repeated = std::ranges::unique(cuts_);
+    cuts_.erase(repeated.begin(), repeated.end());
   }
   std::size_t Cells() const { return cuts_.size() - 1; }
   /// The first cell that ends after `place`.

@@ -38,7 +38,7 @@ class Replay {
   };
   /// One program with all that it needs.
   struct Played {
-    Played(const stage::ScriptedSetup& setup);
+    explicit Played(const stage::ScriptedSetup& setup);
     stage::sdl::Artist artist;
     stage::ScriptedPlatform platform;
     korvane::Programa programa;
