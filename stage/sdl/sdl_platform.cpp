@@ -36,7 +36,8 @@ SdlPlatform::Session::Session() {
   if (SDL_Init(SDL_INIT_VIDEO) != 0) throw NoDisplay("no display to play on");
 }
 
-SdlPlatform::Session::~Session() { SDL_Quit(); }
+// The voice closes the sound device, or leaves it open if that hangs.
+SdlPlatform::Session::~Session() { SDL_QuitSubSystem(SDL_INIT_VIDEO); }
 
 void SdlPlatform::DestroyWindow::operator()(SDL_Window* window) const { SDL_DestroyWindow(window); }
 

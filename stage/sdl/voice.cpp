@@ -5,6 +5,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <thread>
+
 namespace stage::sdl {
 namespace {
 
@@ -39,24 +41,40 @@ bool OpenDevice() {
   return false;
 }
 
+/// Runs `act` beside the program. Nobody has to wait for its end.
+template <class Act>
+auto Beside(Act act) {
+  std::packaged_task<std::invoke_result_t<Act>()> task(std::move(act));
+  auto result = task.get_future();
+  std::thread(std::move(task)).detach();
+  return result;
+}
+
+bool Ended(const auto& future, std::chrono::milliseconds patience) {
+  return future.wait_for(patience) == std::future_status::ready;
+}
+
 }  // namespace
 
-Voice::Voice() : opening_(std::async(std::launch::async, OpenDevice)) {}
+Voice::Voice() : opening_(Beside(OpenDevice)) {}
 
 Voice::~Voice() {
-  if (opening_.valid()) open_ = opening_.get();
+  constexpr auto kPatience = std::chrono::seconds(1);
+  if (opening_.valid() && Ended(opening_, kPatience)) open_ = opening_.get();
   if (!open_) return;
-  Mix_HaltChannel(-1);
-  sounds_.clear();
-  Mix_CloseAudio();
+  const auto closed = Beside([sounds = std::move(sounds_)]() mutable {
+    Mix_HaltChannel(-1);
+    sounds.clear();
+    Mix_CloseAudio();
+    SDL_QuitSubSystem(SDL_INIT_AUDIO);
+  });
+  closed.wait_for(kPatience);
 }
 
 void Voice::FreeChunk::operator()(Mix_Chunk* chunk) const { Mix_FreeChunk(chunk); }
 
 bool Voice::Ready() {
-  if (opening_.valid() && opening_.wait_for(std::chrono::seconds(0)) == std::future_status::ready) {
-    open_ = opening_.get();
-  }
+  if (opening_.valid() && Ended(opening_, {})) open_ = opening_.get();
   return open_;
 }
 

@@ -12,8 +12,8 @@ struct Mix_Chunk;
 namespace stage::sdl {
 
 /// Plays one sound at a time; a new one cuts off the old. Every file is read once. Without a device, or with
-/// a file that cannot be played, there is silence. Devices can take their time to open, so that is done
-/// beside the start of the program.
+/// a file that cannot be played, there is silence. Devices can take their time to open and may hang when they
+/// are closed, so both is done beside the program, and its end does not wait for more than a moment.
 class Voice {
  public:
   Voice();
