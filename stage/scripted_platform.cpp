@@ -6,6 +6,7 @@ namespace stage {
 namespace {
 
 constexpr Double kSecondsInDay = 86400;
+constexpr Double kMicrosecondsInSecond = 1e6;
 // A run that nobody asks about keeps only so many; what is older tells nothing any more.
 constexpr std::size_t kMostRemembered = 100'000;
 
@@ -65,8 +66,11 @@ void ScriptedPlatform::Wait(Moment until, Wake wake) {
   }
 }
 
+void ScriptedPlatform::SetSecondsOfDay(Double seconds) {
+  setup_.seconds_of_day = seconds - Double(now_.count()) / kMicrosecondsInSecond;
+}
+
 Double ScriptedPlatform::SecondsOfDay() {
-  constexpr Double kMicrosecondsInSecond = 1e6;
   return std::fmod(setup_.seconds_of_day + Double(now_.count()) / kMicrosecondsInSecond, kSecondsInDay);
 }
 

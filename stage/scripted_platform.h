@@ -43,7 +43,8 @@ class ScriptedPlatform : public Platform {
   std::vector<std::string> TakeSounds() { return std::exchange(sounds_, {}); }
   /// All that was presented since the last call.
   std::vector<PixelRect> TakePresented() { return std::exchange(presented_, {}); }
-  void SetSecondsOfDay(Double seconds) { setup_.seconds_of_day = seconds; }
+  /// The system's clock is set to this.
+  void SetSecondsOfDay(Double seconds);
   void SetClipboard(std::string text) { clipboard_ = std::move(text); }
 
   ScreenSize Screen() override { return setup_.screen; }

@@ -13,7 +13,7 @@ class Medida : public Mesa {
   using Mesa::Mesa;
 
   std::filesystem::path Ini() const { return folder.Path() / "config.ini"; }
-  void Clock(Double seconds) { platform->SetSecondsOfDay(seconds - Double(platform->Now().count()) / 1e6); }
+  void Clock(Double seconds) { platform->SetSecondsOfDay(seconds); }
   /// A click on the field beside the paddle, at this second of the day.
   void Launch(Double second) {
     Beats(1);

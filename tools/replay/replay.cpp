@@ -37,6 +37,13 @@ std::vector<Double> Numbers(const std::string& text, std::size_t least, std::siz
   return numbers;
 }
 
+stage::Moment Seconds(const std::string& text) {
+  constexpr Double kMost = 1e6;
+  const Double seconds = Numbers(text, 1, 1)[0];
+  if (!(seconds >= 0 && seconds <= kMost)) throw std::runtime_error("no such time: " + text);
+  return std::chrono::duration_cast<stage::Moment>(std::chrono::duration<Double>(seconds));
+}
+
 long Whole(const std::string& text, Double most) {
   const Double value = Numbers(text, 1, 1)[0];
   if (value < 0 || value > most || value != stage::Int(value)) {
@@ -149,6 +156,10 @@ bool Replay::Do(const Line& line) {
   } else if (verb == "beat") {
     OnlyTimers(line.rest);
     beats_ = 1;
+  } else if (verb == "clock") {
+    platform.SetSecondsOfDay(Numbers(line.rest, 1, 1)[0]);
+  } else if (verb == "pass") {
+    platform.Pass(Seconds(line.rest));
   } else if (verb == "move") {
     const auto place = Numbers(line.rest, 2, 2);
     platform.MoveTo(place[0], place[1]);
