@@ -37,17 +37,20 @@ void WriteFile(const std::filesystem::path& file, const std::string& bytes) {
 
 std::size_t Below(std::size_t end, Random& any) { return any() % std::max<std::size_t>(end, 1); }
 
-std::string Noise(std::string, Random& any) {
+std::string Noise(const std::string&, Random& any) {
   constexpr std::size_t kMostNoise = 4096;
   std::string bytes(Below(kMostNoise, any), '\0');
   for (char& byte : bytes) byte = static_cast<char>(any());
   return bytes;
 }
 
-std::string CutOff(std::string bytes, Random& any) { return bytes.substr(0, Below(bytes.size(), any)); }
+std::string CutOff(const std::string& whole, Random& any) {
+  return whole.substr(0, Below(whole.size(), any));
+}
 
 /// Some bytes become others, some digits other digits.
-std::string Altered(std::string bytes, Random& any) {
+std::string Altered(const std::string& whole, Random& any) {
+  std::string bytes = whole;
   constexpr std::string_view kTelling = "0123456789,.-+\"\r\n pisca";
   const bool digits_only = any() % 2 == 0;
   for (std::size_t left = 1 + Below(8, any); left > 0; --left) {
@@ -61,7 +64,7 @@ std::string Altered(std::string bytes, Random& any) {
   return bytes;
 }
 
-using Damage = std::string(std::string, Random&);
+using Damage = std::string(const std::string&, Random&);
 
 /// Plays for a while, then loses the ball with a score that makes a record, and leaves.
 void Play(const std::filesystem::path& folder, std::uint32_t seed) {
@@ -162,7 +165,7 @@ std::string Prepare(const std::filesystem::path& folder, const char* file, Damag
   WriteFile(folder / kRecords, records);
   WriteFile(folder / "config.ini", "; mine\r\n[SETUP]\r\nVkorv=300\r\n");
   WriteFile(folder / kLevel, ReadFile(tools::OwnFolder() / kLevel));
-  const std::string bytes = damage(ReadFile(folder / file), any);
+  std::string bytes = damage(ReadFile(folder / file), any);
   WriteFile(folder / file, bytes);
   return bytes;
 }

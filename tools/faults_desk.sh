@@ -1,7 +1,7 @@
 # Sourced by tools/faults: a display, the real program on it, a hand, and what can be seen from outside.
 
 build=${KORVANE_BUILD:-build}
-sanitized=${KORVANE_SANITIZED:-build-asan}
+sanitized=${KORVANE_SANITIZED:-build-sanitized}
 display=${KORVANE_DISPLAY:-71}
 worse=0     # expectations that were not met
 tried=0     # all that were looked at
@@ -197,7 +197,7 @@ said() {
   [ "$lines" -ge "$1" ] && [ "$lines" -le "${2:-$1}" ]
 }
 
-only_own_files() { [ -z "$(ls "$game" | grep -vxE 'korvane|levels|sons|kv_his.dat|config.ini')" ]; }
+only_own_files() { [ "$(cd "$game" && echo *)" = "config.ini korvane kv_his.dat levels sons" ]; }
 
 # The sound server: the name of its process is in `sound`, and programs find it.
 start_sound() {
