@@ -92,7 +92,6 @@ TEST(Painting, ShowsOnlyWhatHasChanged) {
 }
 
 TEST(Painting, PutsTheScreenInTheMiddleOfOddDisplays) {
-  Bench bench({12000, 9000}, 1);
   const Viewport view({12000, 9000}, {1000, 600});
   EXPECT_EQ(view.Area(), (PixelRect{100, 0, 900, 600}));
   EXPECT_NEAR(view.ToTwips(100, 0).x, 0, 1e-9);

@@ -31,7 +31,7 @@ TEST(Scalars, IntegersOverflowWhereTheyAreStored) {
   Integer number = 32767;
   EXPECT_THROW(number = number + 1, RuntimeError);
   EXPECT_EQ(number, 32767);
-  EXPECT_THROW(Integer(number * 2), RuntimeError);
+  EXPECT_THROW(number = Integer(number * 2), RuntimeError);
   Long large = 2147483647;
   EXPECT_THROW(large = large + 5, RuntimeError);
   EXPECT_EQ(Flag(true).AsInteger(), -1);

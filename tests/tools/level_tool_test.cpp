@@ -122,7 +122,7 @@ const std::string kHead = "name: Test\nmap:\n";
 
 TEST(LevelMap, LaysTheLowestBlockLastAndTheRuleFirst) {
   EXPECT_EQ(level::SavFromMap("name: Test\ncell: 1000 300\ncolumns: 4\norigin: 1000 1000\ngap: 20\n"
-                                  "barred: 7\nblink: c 1200\nmap:\na-.#\n|-?\n>..c\n"),
+                              "barred: 7\nblink: c 1200\nmap:\na-.#\n|-?\n>..c\n"),
             "pisca,3,1200,7,0\n"
             "1010,4010,280,980,20\n"
             "1010,1010,580,1980,1\n"

@@ -83,7 +83,6 @@ std::string ImageState(const stage::Control& control) {
   return group.Done();
 }
 
-// cppcheck-suppress constParameter ; only an array that may be changed gives its elements
 std::string AllVisible(stage::ControlArray<stage::Image>& array) {
   JsonGroup list('[');
   for (Integer i = 0; i < array.End(); i = i + 1) {
