@@ -27,6 +27,13 @@ inline std::string ReadFile(const std::filesystem::path& file) {
 /// One normal block far from the ball's way, no bonuses.
 inline constexpr const char* kQuietLevel = "pisca,0,500,10,0\r\n600,11000,250,480,5\r\n";
 
+/// Levels by number, each as the text of its file.
+inline std::map<std::string, std::string> Levels(const std::vector<std::string>& texts) {
+  std::map<std::string, std::string> files;
+  for (std::size_t i = 0; i < texts.size(); ++i) files["levels/" + std::to_string(i + 1) + ".sav"] = texts[i];
+  return files;
+}
+
 class Mesa {
  public:
   /// Files of the program's folder by name. Without any there is one quiet level.
@@ -59,7 +66,13 @@ class Mesa {
   /// A key goes down; what waits is done at the next beat, or by the loop that runs.
   void Press(int code, int shift = 0) { platform->Send(stage::KeyPressed{code, shift}); }
   void Type(const std::string& text) { platform->Send(stage::TextTyped{text}); }
+  void Click() { platform->Send(stage::PointerPressed{}); }
   void Do() { Palco().DoEvents(); }
+  /// The pointer goes to a place in units of the play form.
+  void PointAt(stage::Double x, stage::Double y) {
+    platform->MoveTo(x * 0.99375, y * 0.9);
+    Do();
+  }
   void Beats(int count) {
     for (int i = 0; i < count; ++i) {
       platform->PassTo(stage::kBeat);

@@ -27,7 +27,6 @@ int Distance(Pixel a, Pixel b) {
   for (const int shift : {0, 8, 16}) most = std::max(most, std::abs(Part(a, shift) - Part(b, shift)));
   return most;
 }
-Pixel Rgb888(int red, int green, int blue) { return Pixel(red) << 16 | Pixel(green) << 8 | Pixel(blue); }
 
 Pixel MostCommon(const Bitmap& bitmap) {
   std::map<Pixel, int> counts;
@@ -69,19 +68,8 @@ TEST_F(Pictures, OfRoundThingsHaveBlackCorners) {
 }
 
 TEST_F(Pictures, OfTheBarAreStripesToTheValue) {
-  const Pixel stripes[] = {0,
-                           0,
-                           0,
-                           Rgb888(247, 182, 165),
-                           Rgb888(231, 97, 57),
-                           Rgb888(140, 32, 0),
-                           Rgb888(49, 8, 0),
-                           Rgb888(181, 182, 181),
-                           Rgb888(148, 150, 148),
-                           Rgb888(107, 105, 107),
-                           Rgb888(57, 56, 57),
-                           Rgb888(24, 24, 24),
-                           0};
+  const Pixel stripes[] = {0,        0,        0,        0xF7B6A5, 0xE76139, 0x8C2000, 0x310800,
+                           0xB5B6B5, 0x949694, 0x6B696B, 0x393839, 0x181818, 0};
   const Bitmap bar = Drawn(store.Named("statusbar"));
   for (int y = 0; y < 13; ++y) {
     for (const int x : {0, 300, 605}) EXPECT_EQ(bar.At(x, y), stripes[y]) << x << ", " << y;
@@ -92,36 +80,34 @@ TEST_F(Pictures, OfThePauseSignAreHalfOutside) {
   const Bitmap sign = Drawn(store.Named("pausa"));
   const auto black = std::ranges::count(sign.pixels, 0U);
   EXPECT_NEAR(double(black) / double(sign.pixels.size()), 0.54, 0.03);
-  EXPECT_EQ(*std::ranges::max_element(sign.pixels, {}, Light), Rgb888(255, 255, 191));
+  EXPECT_EQ(*std::ranges::max_element(sign.pixels, {}, Light), 0xFFFFBFU);
 }
 
 TEST_F(Pictures, OfPlatesAreFlatAndBevelled) {
   for (int code = 1; code <= 8; ++code) {
-    EXPECT_LE(Distance(MostCommon(Drawn(store.Named("ImagePower", code))), Rgb888(80, 103, 144)), 3) << code;
+    EXPECT_LE(Distance(MostCommon(Drawn(store.Named("ImagePower", code))), 0x506790), 3) << code;
     const Bitmap parked = Drawn(store.Named("ImageBonusParado", code));
-    EXPECT_LE(Distance(MostCommon(parked), Rgb888(239, 166, 24)), 3) << code;
-    EXPECT_LT(Light(parked.At(0, 20)), Light(Rgb888(239, 166, 24)) / 2) << code;
+    EXPECT_LE(Distance(MostCommon(parked), 0xEFA618), 3) << code;
+    EXPECT_LT(Light(parked.At(0, 20)), Light(0xEFA618) / 2) << code;
   }
 }
 
 TEST_F(Pictures, OfBlocksShowTheirFaceAndAreToldApart) {
   const std::map<int, Pixel> faces{
-      {1, Rgb888(82, 130, 247)},   {2, Rgb888(255, 105, 49)},   {3, Rgb888(115, 178, 90)},
-      {4, Rgb888(247, 186, 57)},   {5, Rgb888(140, 138, 140)},  {6, Rgb888(213, 189, 123)},
-      {7, Rgb888(82, 115, 32)},    {8, Rgb888(213, 115, 41)},   {9, Rgb888(222, 213, 148)},
-      {10, Rgb888(180, 211, 117)}, {11, Rgb888(147, 107, 81)},  {12, Rgb888(197, 222, 156)},
-      {13, Rgb888(180, 156, 98)},  {14, Rgb888(131, 180, 148)}, {15, Rgb888(196, 123, 72)},
-      {16, Rgb888(255, 180, 148)}, {17, Rgb888(230, 131, 106)}, {18, Rgb888(189, 82, 148)},
-      {19, Rgb888(112, 191, 176)}, {20, Rgb888(255, 255, 0)},   {22, Rgb888(190, 200, 125)}};
+      {1, 0x5282F7},  {2, 0xFF6931},  {3, 0x73B25A},  {4, 0xF7BA39},  {5, 0x8C8A8C},  {6, 0xD5BD7B},
+      {7, 0x527320},  {8, 0xD57329},  {9, 0xDED594},  {10, 0xB4D375}, {11, 0x936B51}, {12, 0xC5DE9C},
+      {13, 0xB49C62}, {14, 0x83B494}, {15, 0xC47B48}, {16, 0xFFB494}, {17, 0xE6836A}, {18, 0xBD5294},
+      {19, 0x70BFB0}, {20, 0xFFFF00}, {22, 0xBEC87D}};
   std::map<int, Bitmap> blocks;
   for (const auto& [type, face] : faces) {
     const Bitmap block = Drawn(store.Named("ImagePedra", type));
     const auto [w, h] = block.size;
     EXPECT_LE(Distance(MostCommon(block), face), 12) << type;
     if (type != 20) {
-      EXPECT_GT(MeanLight(block, 2, 0, w - 2, 2), MeanLight(block, 4, 5, w - 4, h - 5)) << type;
-      EXPECT_LT(MeanLight(block, 2, h - 2, w - 2, h), MeanLight(block, 4, 5, w - 4, h - 5)) << type;
-      EXPECT_LT(MeanLight(block, w - 2, 2, w, h - 2), MeanLight(block, 4, 5, w - 4, h - 5)) << type;
+      const double inner = MeanLight(block, 4, 5, w - 4, h - 5);
+      EXPECT_GT(MeanLight(block, 2, 0, w - 2, 2), inner) << type;
+      EXPECT_LT(MeanLight(block, 2, h - 2, w - 2, h), inner) << type;
+      EXPECT_LT(MeanLight(block, w - 2, 2, w, h - 2), inner) << type;
     }
     blocks.emplace(type, artist.Draw(store.Named("ImagePedra", type)->svg, {31, 15}));
   }

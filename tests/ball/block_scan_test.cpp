@@ -109,20 +109,6 @@ TEST_F(Scan, TellsTheSideByTheRectangleThatTheNextStepMeets) {
   }
 }
 
-TEST_F(Scan, MeetsOneBlockATickTheLaterInTheFileFirst) {
-  jogo.clearall();
-  WriteFile(mesa.folder.Path() / "levels/1.sav",
-            "3000,5000,250,480,1\n3000,5000,250,480,2\n6000,11000,250,480,5\n");
-  jogo.loadup(1);
-  Size();
-  After({5100, 3100, 0, -70});
-  EXPECT_EQ(jogo.Module1.TipoBox(1), 1);
-  EXPECT_EQ(jogo.Module1.TipoBox(2), 0);
-  After({5100, 3100, 0, -70});
-  EXPECT_EQ(jogo.Module1.TipoBox(1), 0);
-  EXPECT_EQ(jogo.Module1.Pontos, 10);
-}
-
 TEST_F(Scan, PassesWhatIsHiddenAndMeetsWhatHasNoPicture) {
   jogo.Module1.TipoBox(1) = 5;
   jogo.Box(1).Visible = false;
@@ -133,61 +119,6 @@ TEST_F(Scan, PassesWhatIsHiddenAndMeetsWhatHasNoPicture) {
   jogo.Box(1).Picture = nullptr;
   EXPECT_EQ(After({5100, 3100, 0, -70}).top, 3170);
   EXPECT_EQ(jogo.Module1.Pontos, 10);
-}
-
-struct EarlyOutCase {
-  const char* name;
-  Double top;
-  bool parked;
-  bool last_stands;
-  bool hit;
-};
-
-TEST(ScanEnds, BelowTheLastBlockOfTheFileUnlessABonusIsParked) {
-  const EarlyOutCase cases[] = {{"at its bottom", 3250, false, true, true},
-                                {"below its bottom", 3250.25, false, true, false},
-                                {"far below", 3400, false, true, false},
-                                {"below, a bonus parked", 3400, true, true, true},
-                                {"at the bottom of a block that is gone", 3250, false, false, true},
-                                {"below a block that is gone", 3250.25, false, false, false}};
-  for (const EarlyOutCase& test : cases) {
-    Mesa mesa(Levels({"3000,5000,500,480,3\n3000,9000,250,480,5\n"}));
-    game& jogo = mesa.Jogo();
-    jogo.Box(3).Visible = test.parked;
-    jogo.Box(2).Visible = test.last_stands;
-    Flight{5100, test.top, 0, -70}.Start(jogo);
-    Tick(mesa);
-    EXPECT_EQ(jogo.Module1.TipoBox(1) == 0, test.hit) << test.name;
-  }
-}
-
-TEST(ScanEnds, MeetsTheParkedBonusBeforeAnyBlock) {
-  Mesa mesa;
-  game& jogo = mesa.Jogo();
-  stage::Image& carrier = jogo.Box(2);
-  carrier.Visible = true;
-  carrier.Left = jogo.Box(1).Left;
-  carrier.Top = jogo.Box(1).Top;
-  jogo.BonusParado = 8;
-  Flight{11100, 700, 0, -70}.Start(jogo);
-  EXPECT_EQ(Tick(mesa), Sounds{"mais1.wav"});
-  EXPECT_EQ(jogo.Vidas, 4);
-  EXPECT_EQ(jogo.Module1.TipoBox(1), 5);
-}
-
-TEST(ScanEnds, InALevelWithoutBlocksOnlyTheParkedBonusIsLookedAt) {
-  for (const bool parked : {false, true}) {
-    Mesa mesa(Levels({"pisca,0,500,0,0\n", kQuietLevel}));
-    game& jogo = mesa.Jogo();
-    jogo.BonusParado = 8;
-    jogo.Box(1).Left = 5000;
-    jogo.Box(1).Top = 3000;
-    jogo.Box(1).Visible = parked;
-    Flight{5100, 3100, 0, -70}.Start(jogo);
-    Tick(mesa);
-    EXPECT_EQ(jogo.Vidas, parked ? 4 : 3);
-    EXPECT_EQ(jogo.FaseAtual, 2);
-  }
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "tests/player.h"
+#include "tests/mesa.h"
 
 namespace {
 
@@ -18,16 +18,10 @@ class Medida : public Mesa {
   void Launch(Double second) {
     Beats(1);
     Clock(second);
-    platform->MoveTo(6000, 5000);
-    platform->Send(stage::PointerPressed{});
+    PointAt(6000, 5500);
+    Click();
     Do();
     ASSERT_TRUE(Jogo().timerDefine.Enabled);
-  }
-  /// Beats of play until the measuring is over.
-  int BeatsToTheMark() {
-    int beats = 0;
-    for (; Jogo().timerDefine.Enabled && beats < 1000; ++beats) Beats(1);
-    return beats;
   }
 };
 
@@ -76,86 +70,12 @@ TEST(Calibration, ScalesTheStepByTheTimeTaken) {
   }
 }
 
-TEST(Calibration, MeasuresThePlayItself) {
-  struct Way {
-    const char* what;
-    std::function<void(Medida&)> meanwhile;
-    int beats;  // of play that pass in it
-  };
-  const auto pause = [](Medida& mesa) {
-    const Move wait = [&mesa] { mesa.platform->PassTo(stage::kBeat); };
-    std::vector<Move> moves(64, wait);
-    moves.emplace_back([&mesa] { mesa.Press(80); });
-    mesa.Press(80);
-    Play(mesa, moves, [&] { mesa.Do(); });
-  };
-  const auto held = [](Medida& mesa) {
-    mesa.Jogo().BolaPresa = true;
-    mesa.Beats(32);
-    EXPECT_TRUE(mesa.Jogo().timerDefine.Enabled);
-    mesa.Press(32);
-    mesa.Do();
-  };
-  // Two steps of 300 a beat: four beats take the ball 2400 up.
-  const Way ways[] = {{"undisturbed", [](Medida&) {}, 4},
-                      {"paused after two beats",
-                       [&](Medida& mesa) {
-                         mesa.Beats(2);
-                         pause(mesa);
-                       },
-                       4 + 64},
-                      {"held again after two beats",
-                       [&](Medida& mesa) {
-                         mesa.Beats(2);
-                         held(mesa);
-                       },
-                       2 + 32 + 4}};
-  for (const Way& way : ways) {
-    SCOPED_TRACE(way.what);
-    Medida mesa;
-    mesa.Launch(0);
-    const auto start = mesa.platform->Now();
-    way.meanwhile(mesa);
-    mesa.BeatsToTheMark();
-    EXPECT_EQ((mesa.platform->Now() - start) / stage::kBeat, way.beats);
-    const int speed = static_cast<int>(std::nearbyint(300 * (way.beats * 100 / 64.0) / 25));
-    EXPECT_EQ(mesa.programa->Module1.Vkorv, speed);
-    EXPECT_EQ(ReadFile(mesa.Ini()), "[SETUP]\r\nVkorv=" + std::to_string(speed) + "\r\n");
-    // Once a run, also after a new game has begun.
-    mesa.Jogo().BolaPresa = true;
-    mesa.platform->Send(stage::PointerPressed{});
-    mesa.Do();
-    EXPECT_FALSE(mesa.Jogo().timerDefine.Enabled || mesa.Jogo().BolaPresa);
-  }
-}
-
-TEST(Calibration, IsNotForOtherLaunches) {
-  for (const bool space : {true, false}) {
-    SCOPED_TRACE(space);
-    Medida mesa;
-    mesa.Beats(1);
-    game& jogo = mesa.Jogo();
-    if (space) {
-      mesa.Press(32);
-    } else {
-      mesa.platform->MoveTo(6000, jogo.User.Top * 0.9 + 100);
-      mesa.Do();
-      jogo.User.Left = 5900;
-      mesa.platform->Send(stage::PointerPressed{});
-    }
-    mesa.Beats(8);
-    EXPECT_FALSE(jogo.BolaPresa || jogo.timerDefine.Enabled || mesa.programa->Module1.Iniciado);
-    EXPECT_LT(jogo.ball.Top, jogo.User.Top - kMark);
-    EXPECT_FALSE(std::filesystem::exists(mesa.Ini()));
-  }
-}
-
 TEST(Calibration, AFileThatCannotBeWrittenHoldsForTheRun) {
   Medida mesa;
   std::filesystem::create_directory(mesa.Ini());
   mesa.Launch(0);
   testing::internal::CaptureStderr();
-  mesa.BeatsToTheMark();
+  mesa.Beats(4);
   const std::string said = testing::internal::GetCapturedStderr();
   EXPECT_EQ(std::ranges::count(said, '\n'), 1) << said;
   EXPECT_EQ(mesa.programa->Module1.Vkorv, 75);

@@ -32,16 +32,4 @@ inline Sounds Tick(Mesa& mesa) {
   return mesa.platform->TakeSounds();
 }
 
-/// Levels by number, each as the text of its file.
-inline std::map<std::string, std::string> Levels(const std::vector<std::string>& texts) {
-  std::map<std::string, std::string> files;
-  for (std::size_t i = 0; i < texts.size(); ++i) files["levels/" + std::to_string(i + 1) + ".sav"] = texts[i];
-  return files;
-}
-
-/// What a player does who only wants the screens to go away.
-inline void CloseScreens(Mesa& mesa) {
-  mesa.platform->Director = [&mesa] { mesa.Press(stage::key::kEsc); };
-}
-
 }  // namespace tests

@@ -5,9 +5,6 @@
 namespace tests {
 namespace {
 
-constexpr Double kUnitX = 0.99375;
-constexpr Double kUnitY = 0.9;
-
 struct Place {
   const char* over;
   Double x;  // form units
@@ -22,10 +19,6 @@ constexpr Place kPlaces[] = {
 class Paddle : public testing::Test {
  protected:
   Paddle() { jogo.BonusCaindo = -1; }
-  void PointAt(Double x, Double y) {
-    mesa.platform->MoveTo(x * kUnitX, y * kUnitY);
-    mesa.Do();
-  }
   /// A falling bonus worth a life where the paddle's left edge comes to be.
   void LetBonusFallTo(Double left) {
     jogo.BonusCaindo = 8;
@@ -42,7 +35,7 @@ TEST_F(Paddle, PutsItsLeftEdgeUnderThePointerWhateverLiesThere) {
   for (const Place& place : kPlaces) {
     SCOPED_TRACE(place.over);
     LetBonusFallTo(place.x);
-    PointAt(place.x, place.y);
+    mesa.PointAt(place.x, place.y);
     EXPECT_NEAR(jogo.User.Left, place.x, 0.01);
     EXPECT_EQ(jogo.Vidas, 4);
     EXPECT_EQ(jogo.BonusCaindo, -1);
@@ -50,7 +43,7 @@ TEST_F(Paddle, PutsItsLeftEdgeUnderThePointerWhateverLiesThere) {
     LetBonusFallTo(place.x);
     jogo.BonusCaindo = -1;
     jogo.Imgbonus.Visible = true;
-    PointAt(place.x + 1, place.y);
+    mesa.PointAt(place.x + 1, place.y);
     EXPECT_TRUE(jogo.Imgbonus.Visible);
     jogo.Imgbonus.Visible = false;
   }
@@ -60,7 +53,7 @@ TEST_F(Paddle, FollowsOverTheFallingBonusAndCatchesIt) {
   LetBonusFallTo(3000);
   jogo.Imgbonus.Top = Single(jogo.User.Top - 300);
   jogo.Imgbonus.Visible = true;
-  PointAt(3200, jogo.User.Top - 250);
+  mesa.PointAt(3200, jogo.User.Top - 250);
   EXPECT_NEAR(jogo.User.Left, 3200, 0.01);
   EXPECT_EQ(jogo.Vidas, 4);
   EXPECT_FALSE(jogo.Imgbonus.Visible);
@@ -70,51 +63,24 @@ TEST_F(Paddle, OverItselfAddsItsOwnTwipsToItsLeftAndTestsNoBonus) {
   const Double left = jogo.User.Left;
   const Double middle = jogo.User.Top + 100;
   LetBonusFallTo(left + 300);
-  // The image begins 15 twips left of the box that it lies in.
-  mesa.platform->MoveTo(left * kUnitX + 400, middle * kUnitY);
-  mesa.Do();
-  EXPECT_NEAR(jogo.User.Left, left + 415, 0.01);
+  // The image begins 15 twips left of the box that it lies in, and has its places in twips.
+  mesa.PointAt(left + 400, middle);
+  EXPECT_NEAR(jogo.User.Left, left + 15 + 400 * 0.99375, 0.01);
   EXPECT_EQ(jogo.Vidas, 3);
   EXPECT_EQ(jogo.BonusCaindo, 8);
   // The image, 981 twips wide from -15 on, ends before the box, 974.9 twips wide.
   const Double now = jogo.User.Left;
   LetBonusFallTo(now + 970);
-  mesa.platform->MoveTo(now * kUnitX + 970, middle * kUnitY);
-  mesa.Do();
+  mesa.PointAt(now + 970 / 0.99375, middle);
   EXPECT_NEAR(jogo.User.Left, now + 970, 0.01);
   EXPECT_EQ(jogo.Vidas, 3);
 }
 
 TEST_F(Paddle, StaysWhereItIsOverTheBallAndItsIndicator) {
   const Double left = jogo.User.Left;
-  PointAt(jogo.ball.Left + 100, jogo.ball.Top + 100);
-  PointAt(jogo.Imageball(0).Left + 100, jogo.Imageball(0).Top + 100);
+  mesa.PointAt(jogo.ball.Left + 100, jogo.ball.Top + 100);
+  mesa.PointAt(jogo.Imageball(0).Left + 100, jogo.Imageball(0).Top + 100);
   EXPECT_EQ(jogo.User.Left, left);
-}
-
-TEST_F(Paddle, KeepsBetweenItsLimits) {
-  const struct {
-    Double width;
-    Double x;
-    Double left;
-  } cases[] = {{981, 0, 0},           {981, 0.5, 0.5},     {981, 11018.5, 11018.5}, {981, 11019, 11019},
-               {981, 11019.5, 11019}, {981, 12070, 11019}, {1962, 10038.5, 10038},  {1962, 500, 500}};
-  for (const auto& [width, x, left] : cases) {
-    jogo.User.Width = Single(width);
-    PointAt(x, 4000);
-    EXPECT_NEAR(jogo.User.Left, left, 0.01) << x;
-  }
-  jogo.Form_MouseMove(0, 0, -20, 4000);
-  EXPECT_EQ(jogo.User.Left, 0);
-}
-
-TEST_F(Paddle, ThatHasGrownStandsPastItsLimitUntilTheNextMove) {
-  PointAt(11019, 4000);
-  Integer grow = 4;
-  jogo.consedebonus(grow);
-  EXPECT_NEAR(jogo.User.Left, 11019, 0.01);
-  PointAt(11019, 4001);
-  EXPECT_EQ(jogo.User.Left, 10038);
 }
 
 }  // namespace

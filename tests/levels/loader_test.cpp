@@ -1,4 +1,4 @@
-// Reading levels, and what a file that cannot be read leads to.
+// Reading levels, what a file that cannot be read leads to, and when a level is over.
 #include <gtest/gtest.h>
 
 #include "stage/dialogs.h"
@@ -29,12 +29,6 @@ struct Loaded {
   game& jogo;
   std::string message;
 };
-
-std::string Blocks(int count) {
-  std::string text;
-  for (int i = 0; i < count; ++i) text += "600,1000,250,480,3\n";
-  return text;
-}
 
 TEST(Loader, ReadsFieldsWhereverTheLinesEnd) {
   const char* const same[] = {"600,1200,225,465,7\n",         "600,1200,225,465,7",
@@ -82,9 +76,6 @@ TEST(Loader, TakesWhatCannotBeReadAsTheEndOfTheSeries) {
                                 "pisca,40000,600,0,0\n",
                                 "pisca,3,65536,0,0\n",
                                 "pisca,3,600,40000,0\n",
-                                Blocks(599),
-                                Blocks(600),
-                                Blocks(601),
                                 std::string("\0\xFF,\"", 4)};
   for (const std::string& text : broken) {
     Loaded table(text);
@@ -95,13 +86,6 @@ TEST(Loader, TakesWhatCannotBeReadAsTheEndOfTheSeries) {
     EXPECT_FALSE(table.jogo.Box.Exists(3));
     EXPECT_EQ(table.message, "");
   }
-}
-
-TEST(Loader, HoldsAsManyBlocksAsThereAreTypes) {
-  Loaded table(Blocks(598));
-  EXPECT_FALSE(table.Failed());
-  EXPECT_EQ(table.jogo.ProximoBox, 599);
-  EXPECT_EQ(table.mesa.programa->Module1.TipoBox(599), 100);
 }
 
 TEST(Loader, FollowsTheRules) {
@@ -129,19 +113,6 @@ TEST(Loader, FollowsTheRules) {
   }
 }
 
-TEST(Loader, KeepsTheRulesOfAFileThatFailed) {
-  Mesa mesa(
-      {{"levels/1.sav", "600,1000,250,480,3\n"}, {"levels/2.sav", "pisca,3,900,5,0\npisca,7,800,bad,0\n"}});
-  game& jogo = mesa.Jogo();
-  jogo.clearall();
-  jogo.loadup(2);
-  EXPECT_EQ(jogo.Label2.Caption.Get(), "Tela: B-1");
-  EXPECT_EQ(jogo.TipoPisca, 7);
-  EXPECT_EQ(jogo.TimerPisca.Interval, 800);
-  EXPECT_EQ(jogo.BonusExcluido, 5);
-  EXPECT_TRUE(jogo.TimerPisca.Enabled);
-}
-
 TEST(Loader, TellsHardBlocksByTheFieldItself) {
   EXPECT_TRUE(Loaded("600,1000,250,480,20\n").jogo.TemRigido);
   EXPECT_TRUE(Loaded("600,1000,250,480,\"20.0\"\n").jogo.TemRigido);
@@ -150,61 +121,51 @@ TEST(Loader, TellsHardBlocksByTheFieldItself) {
   EXPECT_EQ(near.mesa.programa->Module1.TipoBox(1), 20);
 }
 
-TEST(Loader, ScalesAndShiftsBlocks) {
+TEST(Loader, ScalesEachAxisByTheScreenToTheNearestEvenWhole) {
   struct Case {
     stage::ScreenSize screen;
-    int serie;
-    Single top;
-    Single left;
-    Single height;
-    Single width;
+    const char* key;
+    int value;
+    int scaled;
   };
-  const Case cases[] = {{{12000, 9000}, 0, 601, 1001, 251, 481},
-                        {{12000, 9000}, 2, Single(601 + 9000.0 / 35 * 2), 1001, 251, 481},
-                        {{16000, 9000}, 0, 601, 1335, 251, 641},
-                        {{15360, 11520}, 1, Single(769 + 11520.0 / 35), 1281, 321, 616}};
+  const Case cases[] = {{{12000, 9000}, "width", 981, 981},    {{12000, 9000}, "top", 32767, 32767},
+                        {{15360, 11520}, "height", 981, 1256}, {{15360, 11520}, "width", 981, 1256},
+                        {{18000, 13500}, "top", 3, 4},         {{18000, 13500}, "left", 5, 8},
+                        {{18000, 13500}, "left", -3, -4},      {{16000, 9000}, "left", 981, 1308},
+                        {{16000, 9000}, "height", 981, 981},   {{16000, 9000}, "WIDTH", -981, -1308},
+                        {{16000, 9000}, "", 981, 0},           {{16000, 9000}, "widths", 981, 0},
+                        {{16000, 9000}, "left", 24575, 32767}, {{24000, 9000}, "left", -16384, -32768}};
   for (const Case& each : cases) {
-    Loaded table("601,1001,251,481,3\n", each.serie, each.screen);
-    const stage::Image& block = table.jogo.Box(1);
-    EXPECT_EQ(block.Top, each.top);
-    EXPECT_EQ(block.Left, each.left);
-    EXPECT_EQ(block.Height, each.height);
-    EXPECT_EQ(block.Width, each.width);
+    Mesa mesa({{"levels/1.sav", kQuietLevel}}, each.screen);
+    EXPECT_EQ(mesa.Jogo().Redimensionar(each.key, each.value), each.scaled) << each.key << ' ' << each.value;
   }
+  Loaded outside("600,24577,250,480,5\n", 0, {16000, 9000});
+  EXPECT_EQ(outside.jogo.Label2.Caption.Get(), "Tela: B-1") << "a block that does not fit ends the series";
 }
 
-TEST(Loader, ResetsWhatDoesNotOutliveALevel) {
-  Mesa mesa;
-  game& jogo = mesa.Jogo();
-  Module1& shared = mesa.programa->Module1;
-  jogo.TamanhoUser = 3;
-  jogo.Magnetico = true;
-  jogo.BonusCaindo = 4;
-  jogo.BatidasRigido = 9;
-  jogo.BonusParado = 6;
-  jogo.DeslocaBola = 40;
-  shared.BolaAtual = 2;
-  shared.Pontos = 35;
-  jogo.clearall();
-  jogo.loadup(1);
-  EXPECT_FALSE(jogo.Magnetico);
-  EXPECT_EQ(jogo.BonusCaindo, -1);
-  EXPECT_EQ(shared.BolaAtual, 0);
-  EXPECT_EQ(jogo.ball.Picture.Get()->name, "Imageball0");
-  EXPECT_EQ(jogo.TamanhoUser, 3);
-  EXPECT_EQ(jogo.BatidasRigido, 9);
-  EXPECT_EQ(jogo.BonusParado, 6);
-  EXPECT_EQ(jogo.DeslocaBola, 40);
-  EXPECT_EQ(shared.Pontos, 35);
-}
-
-TEST(Loader, EndsAfterSeriesDWithAMessage) {
-  Loaded table("600,1000,250,480,3\nbroken", 3);
-  EXPECT_EQ(table.message, "Todos os niveis completados");
-  EXPECT_TRUE(table.jogo.Box.Exists(1));
-  EXPECT_EQ(table.jogo.Serie, 3);
-  EXPECT_EQ(table.jogo.FaseAtual, 2);
-  EXPECT_EQ(table.jogo.Label2.Caption.Get(), "Tela: A-1");
+TEST(Progression, OnlyHardBlocksLeftEndALevel) {
+  struct Case {
+    int first;
+    int second;
+    int ball;
+    bool has_hard;
+    bool ends;
+  };
+  const Case cases[] = {{20, 20, 0, true, true}, {20, 0, 1, true, true},   {0, 0, 0, true, true},
+                        {20, 4, 0, true, false}, {20, 21, 0, true, false}, {20, 20, 2, true, false},
+                        {0, 0, 0, false, false}, {1, 20, 0, true, false}};
+  for (const Case& each : cases) {
+    Loaded table("600,1000,250,480,3\n600,3000,250,480,3\n");
+    Module1& shared = table.mesa.programa->Module1;
+    shared.TipoBox(1) = each.first;
+    shared.TipoBox(2) = each.second;
+    shared.BolaAtual = each.ball;
+    table.jogo.TemRigido = each.has_hard;
+    table.jogo.BolaPresa = false;
+    table.jogo.passafase();
+    EXPECT_EQ(table.jogo.Label2.Caption.Get(), each.ends ? "Tela: B-1" : "Tela: A-2");
+    EXPECT_EQ(table.jogo.BolaPresa, each.ends);
+  }
 }
 
 TEST(Loader, WithoutAnyLevelTheProgramEndsInOrder) {

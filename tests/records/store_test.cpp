@@ -154,13 +154,6 @@ TEST_F(Store, WritesToTheByte) {
       "\"x,\"\r\n9999999\r\n";
   for (int r = 6; r <= 10; ++r) expected += "\"\"\r\n0\r\n";
   EXPECT_EQ(tests::ReadFile(Path("kv_his.dat")), expected);
-  Module1 read;
-  read.AppPath = modulo.AppPath;
-  Getrecords(read);
-  Rows back = rows;
-  back[0].first = "José, o 'Rápido'";
-  back.resize(10);
-  EXPECT_EQ(ReadRows(read), back);
 }
 
 TEST_F(Store, WhatCannotBeWrittenIsSaidOnce) {

@@ -1,6 +1,7 @@
 // The screens that come over the play form: what closes them, and what they leave as it was.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <set>
 
 #include "records/FrmMostraRecords.h"
@@ -77,7 +78,7 @@ TEST(Screens, CloseByAClickAnywhereOrNowhere) {
     for (const auto& [x, y] : places) {
       const bool closed = Closes(mesa, screen, [&, x = x, y = y] {
         mesa.platform->MoveTo(x, y);
-        mesa.platform->Send(stage::PointerPressed{});
+        mesa.Click();
       });
       EXPECT_EQ(closed, screen.by_click) << screen.form << ' ' << x << ' ' << y;
     }
@@ -92,11 +93,12 @@ TEST(Screens, LeaveThePaddleAndTheBallWhereTheyWere) {
       game& jogo = mesa.Jogo();
       mesa.platform->MoveTo(3000, 6500);
       mesa.Beats(2);
-      if (flying) mesa.platform->Send(stage::PointerPressed{});
+      if (flying) mesa.Click();
       mesa.Beats(2);
-      const Double paddle = jogo.User.Left;
-      const auto ball = [&] { return std::pair<Double, Double>(jogo.ball.Left, jogo.ball.Top); };
-      const auto before = ball();
+      const auto places = [&] {
+        return std::array<Double, 3>{jogo.User.Left, jogo.ball.Left, jogo.ball.Top};
+      };
+      const auto before = places();
       const auto away = [&] {
         EXPECT_TRUE(jogo.paused);
         EXPECT_EQ(mesa.Palco().CursorCounter(), -1);
@@ -104,19 +106,18 @@ TEST(Screens, LeaveThePaddleAndTheBallWhereTheyWere) {
       };
       const Move wait = [&] { mesa.platform->PassTo(stage::kBeat); };
       const auto back = [&] {
-        EXPECT_EQ(jogo.User.Left, paddle);
-        EXPECT_EQ(ball(), before);
+        EXPECT_EQ(places(), before);
         mesa.Press(27);
       };
       mesa.Press(opened_by);
       Play(mesa, {away, wait, wait, wait, back}, [&] { mesa.Do(); });
       mesa.Do();
-      EXPECT_EQ(jogo.User.Left, paddle);
+      EXPECT_EQ(places()[0], before[0]);
       EXPECT_EQ(mesa.platform->PointerPlace().x, 200);
       EXPECT_FALSE(jogo.paused);
       EXPECT_EQ(jogo.BolaPresa, !flying);
       mesa.Beats(1);
-      EXPECT_EQ(ball() != before, flying);
+      EXPECT_EQ(places() != before, flying);
     }
   }
 }
@@ -127,15 +128,19 @@ TEST(Pointer, GoesToItsSideOfTheCounter) {
     int hidden;
     int shown;
   };
+  Mesa mesa;
+  stage::Stage& palco = mesa.Palco();
+  const auto count_to = [&](int count) {
+    while (palco.CursorCounter() < count) palco.ShowCursor(true);
+    while (palco.CursorCounter() > count) palco.ShowCursor(false);
+  };
   for (const Case& test : {Case{0, -1, 1}, Case{3, -1, 4}, Case{-1, -2, 0}, Case{-4, -5, 0}}) {
-    for (const bool hide : {true, false}) {
-      Mesa mesa;
-      stage::Stage& palco = mesa.Palco();
-      while (palco.CursorCounter() < test.from) palco.ShowCursor(true);
-      while (palco.CursorCounter() > test.from) palco.ShowCursor(false);
-      hide ? EscondeCursor(palco) : MostraCursor(palco);
-      EXPECT_EQ(palco.CursorCounter(), hide ? test.hidden : test.shown) << test.from;
-    }
+    count_to(test.from);
+    EscondeCursor(palco);
+    EXPECT_EQ(palco.CursorCounter(), test.hidden) << test.from;
+    count_to(test.from);
+    MostraCursor(palco);
+    EXPECT_EQ(palco.CursorCounter(), test.shown) << test.from;
   }
 }
 

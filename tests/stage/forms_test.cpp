@@ -131,38 +131,6 @@ TEST_F(Forms, ASessionThatEndsClosesTheInnermostFirst) {
   EXPECT_EQ(form->Notes(), "activate unload ");
 }
 
-/// Digits are typed; E, X and T are Enter, Esc and Tab, C closes, O and K click on OK and Cancel.
-void Send(ScriptedPlatform& platform, char stroke) {
-  switch (stroke) {
-    case 'E':
-      return platform.Send(KeyPressed{key::kEnter, 0});
-    case 'X':
-      return platform.Send(KeyPressed{key::kEsc, 0});
-    case 'T':
-      return platform.Send(KeyPressed{key::kTab, 0});
-    case 'C':
-      return platform.Send(CloseAsked{});
-    case 'O':
-    case 'K':
-      platform.MoveTo(stroke == 'O' ? 5550 : 6750, 5310);
-      return platform.Send(PointerPressed{});
-    default:
-      return platform.Send(TextTyped{std::string(1, stroke)});
-  }
-}
-
-TEST_F(Forms, BoxesAnswerToKeysAndPointer) {
-  const std::pair<const char*, const char*> cases[] = {{"12E", "12"}, {"12X", ""},        {"12TE", "12"},
-                                                       {"12TTE", ""}, {"12TTT3E", "123"}, {"12C", ""},
-                                                       {"7O", "7"},   {"7K", ""}};
-  for (const auto& [strokes, answer] : cases) {
-    bench.platform.Director = [&] {
-      for (const char* stroke = strokes; *stroke != 0; ++stroke) Send(bench.platform, *stroke);
-    };
-    EXPECT_EQ(bench.theatre.InputBox("Fase"), answer) << strokes;
-  }
-}
-
 TEST_F(Forms, TheActiveFormUnloadsWhileItsKeyIsHandled) {
   struct Fleeting : Form {
     explicit Fleeting(Stage& stage) : Form(stage, "Fleeting", {0, 0, 100, 100}) {}

@@ -100,6 +100,19 @@ TEST(Scalars, DrawsCanBePreparedAndFixed) {
   EXPECT_EQ(a.Rnd(), b.Rnd());
 }
 
+TEST(Scalars, DrawsSpreadEvenlyBelowOne) {
+  constexpr int kParts = 400;
+  constexpr int kDraws = 1000 * kParts;
+  Random random;
+  random.Fix(20250713);
+  std::array<int, kParts> counts{};
+  for (int i = 0; i < kDraws; ++i) ++counts.at(std::size_t(random.Rnd() * kParts));
+  // Chi square of 399 degrees passes 489 once in a thousand times.
+  Double chi_square = 0;
+  for (const int count : counts) chi_square += Double((count - 1000) * (count - 1000)) / 1000;
+  EXPECT_LT(chi_square, 489);
+}
+
 TEST(Scalars, TextIsCountedInCharacters) {
   EXPECT_EQ(Characters("Você é").size(), 6U);
   EXPECT_EQ(Utf8(Characters("aé€😀")), "aé€😀");

@@ -8,6 +8,13 @@ namespace {
 using namespace tests;
 
 struct Timers : testing::Test {
+  /// A timer of the form that counts its ticks.
+  struct Counting : Timer {
+    Counting(Form& form, Long interval, bool enabled) : Timer(form, interval, enabled) {
+      Tick = [this] { ++ticks; };
+    }
+    int ticks = 0;
+  };
   Bench bench;
   std::shared_ptr<NotingForm> form = std::make_shared<NotingForm>(bench.theatre);
 };
@@ -16,48 +23,42 @@ TEST_F(Timers, TickOnTheFirstBeatAtOrAfterTheirInterval) {
   const std::pair<int, int> cases[] = {{1, 1},    {10, 1},    {15, 1},     {16, 2},
                                        {500, 32}, {1000, 64}, {5000, 320}, {10000, 640}};
   for (const auto& [interval, beats] : cases) {
-    int ticks = 0;
-    Timer timer(*form, interval, true);
-    timer.Tick = [&] { ++ticks; };
+    Counting timer(*form, interval, true);
     bench.Beats(beats - 1);
-    EXPECT_EQ(ticks, 0) << interval;
+    EXPECT_EQ(timer.ticks, 0) << interval;
     bench.Beats(1);
-    EXPECT_EQ(ticks, 1) << interval;
+    EXPECT_EQ(timer.ticks, 1) << interval;
     bench.Beats(beats);
-    EXPECT_EQ(ticks, 2) << interval;
+    EXPECT_EQ(timer.ticks, 2) << interval;
   }
 }
 
 TEST_F(Timers, DoNotQueueWhatWasMissed) {
-  int ticks = 0;
-  Timer timer(*form, 10, true);
-  timer.Tick = [&] { ++ticks; };
+  Counting timer(*form, 10, true);
   bench.theatre.Sleep(std::chrono::seconds(3));
   bench.theatre.DoEvents();
   bench.theatre.DoEvents();
-  EXPECT_EQ(ticks, 1);
+  EXPECT_EQ(timer.ticks, 1);
 }
 
 TEST_F(Timers, StartAnewWhenTurnedOnOrPaced) {
-  int ticks = 0;
-  Timer timer(*form, 1000, false);
-  timer.Tick = [&] { ++ticks; };
+  Counting timer(*form, 1000, false);
   bench.Beats(100);
-  EXPECT_EQ(ticks, 0);
+  EXPECT_EQ(timer.ticks, 0);
   timer.Enabled = true;
   bench.Beats(63);
   timer.Enabled = true;  // it is on already
   bench.Beats(1);
-  EXPECT_EQ(ticks, 1);
+  EXPECT_EQ(timer.ticks, 1);
   bench.Beats(60);
   timer.Interval = 1000;
   bench.Beats(63);
-  EXPECT_EQ(ticks, 1);
+  EXPECT_EQ(timer.ticks, 1);
   bench.Beats(1);
-  EXPECT_EQ(ticks, 2);
+  EXPECT_EQ(timer.ticks, 2);
   timer.Interval = 0;
   bench.Beats(1000);
-  EXPECT_EQ(ticks, 2);
+  EXPECT_EQ(timer.ticks, 2);
   EXPECT_THROW(timer.Interval = 65536, RuntimeError);
   EXPECT_THROW(timer.Interval = -1, RuntimeError);
   EXPECT_EQ(timer.Interval, 0);
@@ -82,13 +83,11 @@ TEST_F(Timers, OfOthersTickInsideAYieldAndNeverInTheirOwn) {
 }
 
 TEST_F(Timers, StopWithTheirForm) {
-  int ticks = 0;
-  Timer timer(*form, 10, true);
-  timer.Tick = [&] { ++ticks; };
+  Counting timer(*form, 10, true);
   bench.theatre.Show(form, kModeless);
   form->Unload();
   bench.Beats(5);
-  EXPECT_EQ(ticks, 0);
+  EXPECT_EQ(timer.ticks, 0);
 }
 
 TEST_F(Timers, GoOnUnderAModalForm) {
