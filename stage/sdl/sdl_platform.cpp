@@ -81,13 +81,11 @@ int SdlPlatform::RefreshRate() {
 void SdlPlatform::Present(std::span<const PixelRect> changed) {
   std::vector<SDL_Rect> rects;
   for (const PixelRect& rect : changed) rects.push_back({rect.left, rect.top, rect.Width(), rect.Height()});
-  presented_ = true;
   SDL_UpdateWindowSurfaceRects(window_.get(), rects.data(), static_cast<int>(rects.size()));
 }
 
 void SdlPlatform::Poll() {
   polled_ = Now();
-  presented_ = false;
   SDL_PumpEvents();
   SDL_Event event;
   while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) > 0) {
@@ -151,8 +149,6 @@ void SdlPlatform::Wait(Moment until, Wake wake) {
     std::this_thread::sleep_until(start_ + until);
     return;
   }
-  // What showed the picture may have taken input off the line to the display server.
-  if (presented_) Poll();
   while (events_.empty()) {
     const Moment left = until - Now();
     if (left <= Moment{0}) return;
@@ -165,6 +161,7 @@ bool SdlPlatform::InputComes(Moment longest) const {
     const auto rounded = std::chrono::ceil<std::chrono::milliseconds>(longest);
     return SDL_WaitEventTimeout(nullptr, static_cast<int>(rounded.count())) != 0;
   }
+  if (InputWaits(window_.get())) return true;
   // SDL waits for whole milliseconds only, and asks the display server many times over.
   const auto seconds = std::chrono::floor<std::chrono::seconds>(longest);
   const std::chrono::nanoseconds rest = longest - seconds;

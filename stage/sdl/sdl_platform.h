@@ -67,7 +67,6 @@ class SdlPlatform : public Platform {
   Voice voice_;
   std::deque<Event> events_;
   Moment polled_{};
-  bool presented_ = false;
 };
 
 }  // namespace stage::sdl
