@@ -21,6 +21,9 @@ namespace {
 using stage::Double;
 using Clock = std::chrono::steady_clock;
 
+/// How far from the hand the paddle may be as painted, in display pixels.
+constexpr int kPrecision = 1;
+
 /// Where the hand has put the pointer, until the paddle is seen there.
 struct Move {
   std::atomic<int> x = -1;
@@ -37,7 +40,7 @@ class Watched : public tools::SelfPlayer<stage::sdl::SdlPlatform> {
     in_play = jogo != nullptr;
     if (jogo == nullptr) return;
     const Double paddle = jogo->User.Area().left * DisplaySize().height / jogo->Palco.Screen.Height;
-    if (std::abs(paddle - move_.x) > 1) return;
+    if (std::abs(paddle - move_.x) > kPrecision) return;
     move_.seen = Clock::now();
     move_.x = -1;
   }
@@ -67,13 +70,17 @@ std::vector<Double> MoveHand(const std::stop_token& stop, const Watched& watched
   if (!display) throw std::runtime_error("no display of X");
   std::mt19937 random(1);
   std::vector<Double> times;
+  int before = 0;
   while (int(times.size()) < count && !stop.stop_requested()) {
     std::this_thread::sleep_for(std::chrono::microseconds(5000 + random() % 30000));
     if (!watched.in_play) continue;
-    // Below the ball: a pointer that lies over it moves nothing.
     const int x = int(random() % unsigned(size.width * 3 / 4));
+    // A paddle that is there already waits for nothing.
+    if (std::abs(x - before) <= 2 * kPrecision) continue;
+    before = x;
     move.x = x;
     const auto start = Clock::now();
+    // Below the ball: a pointer that lies over it moves nothing.
     XTestFakeMotionEvent(display.get(), -1, x, size.height * 3 / 4, 0);
     XFlush(display.get());
     while (move.x >= 0 && Clock::now() - start < kGivenUp) std::this_thread::sleep_for(milliseconds(1));
