@@ -47,18 +47,38 @@ std::string_view Campo(stage::FieldReader& campos) {
   return campo;
 }
 
-/// A damaged file may hold what somebody misses.
-void GuardaDanificado(const Module1& modulo, const std::filesystem::path& arquivo) {
+bool TemLinha(Module1& modulo, const std::string& nome, Double pontos) {
+  for (Integer r = 1; r <= kLinhas; r = r + 1) {
+    if (modulo.RecNome(r) == nome && modulo.RecPontos(r) == pontos) return true;
+  }
+  return false;
+}
+
+/// Whether somebody may miss what the file holds and the table that comes in its place does not: the file is
+/// damaged, or another copy of the game has stored a record in it.
+bool FazFalta(std::string_view arquivo, std::string_view tabela) {
+  Module1 velho;
+  Module1 novo;
+  LeTabela(novo, tabela);
+  try {
+    LeTabela(velho, arquivo);
+  } catch (const RuntimeError&) {
+    return true;
+  }
+  for (Integer r = 1; r <= kLinhas; r = r + 1) {
+    const bool caiu = velho.RecPontos(r) <= novo.RecPontos(kLinhas);
+    if (!caiu && !TemLinha(novo, velho.RecNome(r), velho.RecPontos(r))) return true;
+  }
+  return false;
+}
+
+void GuardaOQueFazFalta(const Module1& modulo, const std::filesystem::path& arquivo,
+                        std::string_view tabela) {
   std::error_code erro;
   if (!std::filesystem::exists(arquivo, erro)) return;
   const std::string inicio = stage::ReadStart(arquivo, kMaisBytes);
-  if (inicio.empty()) return;
-  try {
-    Module1 lido;
-    LeTabela(lido, inicio);
-  } catch (const RuntimeError&) {
-    stage::WriteWhole(Arquivo(modulo, "kv_his.old"), stage::ReadWhole(arquivo, kMaisGuardados));
-  }
+  if (inicio.empty() || !FazFalta(inicio, tabela)) return;
+  stage::WriteWhole(Arquivo(modulo, "kv_his.old"), stage::ReadWhole(arquivo, kMaisGuardados));
 }
 
 void Avisa(const std::filesystem::path& arquivo) {
@@ -104,9 +124,10 @@ void Getrecords(Module1& modulo) {
 
 void GravaRecords(Module1& modulo) {
   const std::filesystem::path arquivo = Arquivo(modulo, "kv_his.dat");
+  const std::string tabela = TextoDaTabela(modulo);
   try {
-    GuardaDanificado(modulo, arquivo);
-    stage::WriteWhole(arquivo, TextoDaTabela(modulo));
+    GuardaOQueFazFalta(modulo, arquivo, tabela);
+    stage::WriteWhole(arquivo, tabela);
   } catch (const RuntimeError&) {
     Avisa(arquivo);
   }

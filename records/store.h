@@ -12,8 +12,9 @@ namespace korvane {
 /// to the damage.
 void Getrecords(Module1& modulo);
 
-/// Puts the whole table in the place of the file; a damaged file is kept beside it. What cannot be written is
-/// said in one line on stderr.
+/// Puts the whole table in the place of the file. A file that is damaged, or that another copy of the game
+/// has put a record in, is kept beside it as kv_his.old. What cannot be written is said in one line on
+/// stderr.
 void GravaRecords(Module1& modulo);
 
 /// Fills the table from the text of a records file. Raises RuntimeError at the first damage; the rows before

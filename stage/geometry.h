@@ -36,8 +36,7 @@ struct TwipRect {
 struct PixelSize {
   int width = 0;
   int height = 0;
-  bool operator==(const PixelSize&) const = default;
-  auto operator<=>(const PixelSize&) const = default;
+  auto operator<=>(const PixelSize&) const = default;  // NOLINT(modernize-use-nullptr): there is no pointer
 };
 
 /// A place between display pixels.

@@ -142,6 +142,27 @@ TEST_F(Store, ReadsWhatItCanAndKeepsWhatIsDamaged) {
   }
 }
 
+TEST_F(Store, KeepsTheTableOfAnotherCopyOfTheGame) {
+  const auto kept = [&] { return std::filesystem::exists(Path("kv_his.old")); };
+  tests::WriteFile(Path("kv_his.dat"), RowsFrom(1));
+  Module1 other;
+  other.AppPath = modulo.AppPath;
+  Getrecords(modulo);
+  Getrecords(other);
+  // The last row falls out of the table, as it should.
+  other.RecNome(10) = "\"Ela\"";
+  other.RecPontos(10) = 500;
+  GravaRecords(other);
+  GravaRecords(other);
+  EXPECT_FALSE(kept());
+  const std::string table = tests::ReadFile(Path("kv_his.dat"));
+  modulo.RecNome(10) = "Eu";
+  modulo.RecPontos(10) = 400;
+  GravaRecords(modulo);
+  ASSERT_TRUE(kept());
+  EXPECT_EQ(tests::ReadFile(Path("kv_his.old")), table);
+}
+
 TEST_F(Store, WritesToTheByte) {
   const Rows rows{{"José, o \"Rápido\"", 123456}, {"€ Ÿ", 99999}, {"  ", 12.75}, {"", -3}, {"x,", 9999999}};
   for (Integer r = 1; r <= 5; r = r + 1) {
