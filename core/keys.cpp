@@ -71,7 +71,7 @@ void game::Sai() {
   MostraCursor(Palco);
   Palco.DoEvents();
   programa.FrmMostraRecords.Show(stage::kModal);
-  Palco.End();
+  stage::Stage::End();
 }
 
 }  // namespace korvane

@@ -84,7 +84,7 @@ void game::TodosCompletados(Integer num) {
   Palco.MsgBox("Todos os niveis completados");
   if (LeuFase) return;
   std::cerr << "korvane: cannot read " << stage::HostPath(Arquivo(Caminho, num)).string() << '\n';
-  Palco.End();
+  stage::Stage::End();
 }
 
 }  // namespace korvane

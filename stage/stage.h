@@ -25,7 +25,7 @@ class Stage {
   /// Lets every event that is waiting run to its end, then returns.
   void DoEvents();
   /// Ends the program at once.
-  [[noreturn]] void End();
+  [[noreturn]] static void End();
   /// Blocks the whole program; nothing is painted and no event runs.
   void Sleep(std::chrono::milliseconds time);
 

@@ -21,8 +21,9 @@ TextBox::TextBox(Container& container, const Design& design, const Style& style,
       style_(style),
       most_(most > 0 ? std::size_t(most) : std::u32string().max_size()),
       Text(this, {}) {
-  // cppcheck-suppress useInitializationList ; only an assignment tells the box its characters
-  Text = text;
+  // Only an assignment tells the box its characters.
+  // cppcheck-suppress useInitializationList
+  Text = text;  // NOLINT(cppcoreguidelines-prefer-member-initializer)
 }
 
 void TextBox::SetFocus() { GetContainer().Owner().SetFocus(*this); }

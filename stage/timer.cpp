@@ -20,10 +20,10 @@ Timer::~Timer() { form_.OnStage().Timers().Remove(*this); }
 void Timer::RunTick(Moment beat) {
   due_ = beat + std::chrono::milliseconds(Interval);
   struct Ticking {
-    explicit Ticking(bool& flag) : flag_(flag) { flag_ = true; }
-    ~Ticking() { flag_ = false; }
-    bool& flag_;
-  } const ticking(ticking_);
+    explicit Ticking(Timer& timer) : timer_(timer) { timer_.ticking_ = true; }
+    ~Ticking() { timer_.ticking_ = false; }
+    Timer& timer_;
+  } const ticking(*this);
   if (Tick) Tick();
 }
 

@@ -46,7 +46,7 @@ Script ReadScript(const std::filesystem::path& file, const std::filesystem::path
     std::string content;
     if (verb == "#level") {
       for (std::string record; words >> record;) content += Records(record);
-      name = "levels/" + name + ".sav";
+      name.insert(0, "levels/").append(".sav");
     } else {
       std::getline(words >> std::ws, content);
       content = Unescaped(content);

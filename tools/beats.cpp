@@ -3,8 +3,8 @@
 // late they were.
 #include <algorithm>
 #include <chrono>
-#include <cstdlib>
 #include <iostream>
+#include <string>
 #include <vector>
 
 #include "assets/assets.h"
@@ -22,7 +22,7 @@ class Ticking : public stage::Form {
       : Form(stage, "Ticking", {0, 0, 3000, 3000}) {
     timer_.Tick = [this, &platform, count] {
       ticks_.push_back(platform.Now());
-      if (ticks_.size() == count) OnStage().End();
+      if (ticks_.size() == count) stage::Stage::End();
     };
   }
   const std::vector<Moment>& Ticks() const { return ticks_; }
@@ -45,7 +45,7 @@ void Report(const std::vector<Moment>& ticks) {
     latest = std::max(latest, tick - beat);
     total += tick - beat;
   }
-  const double count = double(ticks.size());
+  const auto count = double(ticks.size());
   std::cout << "beats " << beats << ", delivered " << 100 * count / double(beats) << " %, twice in one "
             << twice << ", late on average " << Milliseconds(total).count() / count << " ms, at most "
             << Milliseconds(latest).count() << " ms\n";
@@ -55,8 +55,8 @@ void Report(const std::vector<Moment>& ticks) {
 
 int main(int count, char** arguments) {
   constexpr int kUsualSeconds = 30;
-  const int seconds = count > 1 ? std::atoi(arguments[1]) : kUsualSeconds;
   try {
+    const int seconds = count > 1 ? std::stoi(arguments[1]) : kUsualSeconds;
     stage::sdl::SdlPlatform platform("Korvane", "korvane");
     stage::Stage stage(platform, korvane::Assets(), "Korvane");
     const auto form = std::make_shared<Ticking>(stage, platform, std::size_t(std::max(seconds, 1)) * 64);

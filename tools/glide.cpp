@@ -4,9 +4,9 @@
 // of a display. Turns of the ball are left out. Without a window it plays in virtual time, once for each
 // usual refresh rate of displays.
 #include <cmath>
-#include <cstdlib>
 #include <iomanip>
 #include <iostream>
+#include <string>
 #include <vector>
 
 #include "assets/assets.h"
@@ -161,8 +161,8 @@ int main(int count, char** arguments) {
   const bool window = count > 1 && std::string_view(arguments[1]) == "--window";
   const int given = window ? 2 : 1;
   constexpr int kUsualSeconds = 30;
-  const int seconds = count > given ? std::atoi(arguments[given]) : kUsualSeconds;
   try {
+    const int seconds = count > given ? std::stoi(arguments[given]) : kUsualSeconds;
     if (window) {
       Film<stage::sdl::SdlPlatform> film("Korvane", "korvane");
       Measure(film, film.RefreshRate(), seconds);

@@ -6,9 +6,9 @@
 
 #include <atomic>
 #include <cmath>
-#include <cstdlib>
 #include <iostream>
 #include <random>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -95,8 +95,8 @@ std::vector<Double> MoveHand(const std::stop_token& stop, const Watched& watched
 
 int main(int count, char** arguments) {
   constexpr int kUsualCount = 1000;
-  const int moves = count > 1 ? std::max(std::atoi(arguments[1]), 1) : kUsualCount;
   try {
+    const int moves = count > 1 ? std::max(std::stoi(arguments[1]), 1) : kUsualCount;
     Move move;
     Watched watched(move);
     const stage::PixelSize size = watched.DisplaySize();

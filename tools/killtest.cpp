@@ -1,16 +1,17 @@
 // Kills writers of the records and the speed at random moments, over and over, and looks at the files after
 // each time: "korvane-killtest TIMES". Exits 1 at the first file that is neither the old nor the new one.
-#include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
 #include <chrono>
+#include <csignal>
 #include <fstream>
 #include <iostream>
 #include <iterator>
 #include <optional>
 #include <random>
+#include <string>
 #include <thread>
 
 #include "records/store.h"
@@ -144,10 +145,7 @@ bool Round(const std::filesystem::path& folder, std::mt19937& any, Count& count)
   return whole && config_whole && !old_stays;
 }
 
-}  // namespace
-
-int main(int count, char** arguments) {
-  const int times = count > 1 ? std::atoi(arguments[1]) : 500;
+bool Kill(int times) {
   const tools::TempFolder folder;
   std::mt19937 any(std::random_device{}());
   std::ofstream(folder.Path() / "config.ini") << ConfigOf(0, 0);
@@ -155,12 +153,23 @@ int main(int count, char** arguments) {
   Count done;
   std::ptrdiff_t most_files = 0;
   for (; done.rounds < times; ++done.rounds) {
-    if (!Round(folder.Path(), any, done)) return 1;
+    if (!Round(folder.Path(), any, done)) return false;
     const auto files = std::distance(std::filesystem::directory_iterator(folder.Path()), {});
     done.left_behind += files > 2 ? 1 : 0;
     most_files = std::max(most_files, files);
   }
   std::cout << times << " times killed, " << done.left_behind << " left a file under way, " << done.turns
             << " tables written, at most " << most_files << " files\n";
-  return most_files <= 4 ? 0 : 1;
+  return most_files <= 4;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  try {
+    return Kill(count > 1 ? std::stoi(arguments[1]) : 500) ? 0 : 1;
+  } catch (const std::exception& error) {
+    std::cerr << "korvane-killtest: " << error.what() << '\n';
+    return 1;
+  }
 }

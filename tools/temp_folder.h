@@ -1,8 +1,7 @@
 // A folder of its own for a run that must not leave anything behind.
 #pragma once
 
-#include <stdlib.h>
-
+#include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
 #include <string>

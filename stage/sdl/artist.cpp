@@ -20,8 +20,8 @@ std::string Stretched(std::string_view svg, PixelSize size) {
   const std::size_t view = svg.find("viewBox=");
   const std::size_t end = svg.find('>');
   if (view == std::string_view::npos || end == std::string_view::npos || view > end) return std::string(svg);
-  return "<svg xmlns=\"http://www.w3.org/2000/svg\" preserveAspectRatio=\"none\" width=\"" +
-         std::to_string(size.width) + "\" height=\"" + std::to_string(size.height) + "\" " +
+  return R"(<svg xmlns="http://www.w3.org/2000/svg" preserveAspectRatio="none" width=")" +
+         std::to_string(size.width) + R"(" height=")" + std::to_string(size.height) + "\" " +
          std::string(svg.substr(view));
 }
 

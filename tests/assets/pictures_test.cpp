@@ -114,10 +114,11 @@ TEST_F(Pictures, OfBlocksShowTheirFaceAndAreToldApart) {
   for (const auto& [a, one] : blocks) {
     for (const auto& [b, other] : blocks) {
       if (a >= b) continue;
-      double unlike = 0;
-      for (std::size_t i = 0; i < one.pixels.size(); ++i)
-        unlike += Distance(one.pixels[i], other.pixels[i]) > 24;
-      EXPECT_GT(unlike / double(one.pixels.size()), 0.2) << a << " and " << b;
+      std::size_t unlike = 0;
+      for (std::size_t i = 0; i < one.pixels.size(); ++i) {
+        if (Distance(one.pixels[i], other.pixels[i]) > 24) ++unlike;
+      }
+      EXPECT_GT(unlike, one.pixels.size() / 5) << a << " and " << b;
     }
   }
 }

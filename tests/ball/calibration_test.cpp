@@ -26,11 +26,11 @@ class Medida : public Mesa {
 };
 
 struct Measure {
-  const char* what;
-  int speed;
-  Double start;  // seconds of the day
-  Double end;
-  int result;
+  const char* what = nullptr;
+  int speed = 0;
+  Double start = 0;  // seconds of the day
+  Double end = 0;
+  int result = 0;
   bool stored = true;
 };
 

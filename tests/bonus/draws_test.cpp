@@ -36,7 +36,7 @@ std::ostream& operator<<(std::ostream& out, const Outcome& outcome) {
 
 /// A drawn code, by its place in the tables of values, and what comes of it.
 struct Rule {
-  int drawn;
+  int drawn = 0;
   State state;
   Outcome falling;
   std::optional<Outcome> parked{};  // where it differs

@@ -23,7 +23,7 @@ struct Loaded {
     jogo.FaseAtual = 2;
     jogo.loadup(2);
   }
-  bool Failed() { return jogo.Label2.Caption.Get() != "Tela: A-2"; }
+  bool Failed() const { return jogo.Label2.Caption.Get() != "Tela: A-2"; }
 
   Mesa mesa;
   game& jogo;
@@ -124,9 +124,9 @@ TEST(Loader, TellsHardBlocksByTheFieldItself) {
 TEST(Loader, ScalesEachAxisByTheScreenToTheNearestEvenWhole) {
   struct Case {
     stage::ScreenSize screen;
-    const char* key;
-    int value;
-    int scaled;
+    const char* key = nullptr;
+    int value = 0;
+    int scaled = 0;
   };
   const Case cases[] = {{{12000, 9000}, "width", 981, 981},    {{12000, 9000}, "top", 32767, 32767},
                         {{15360, 11520}, "height", 981, 1256}, {{15360, 11520}, "width", 981, 1256},

@@ -93,7 +93,7 @@ TEST(NewRecord, GoesIntoItsRow) {
     Placar placar(entry.scores);
     placar.M().Pontos = entry.points;
     placar.M().RecNovo = 7;
-    std::vector<Row> expected = placar.Rows(placar.M());
+    std::vector<Row> expected = Placar::Rows(placar.M());
     if (entry.row > 0) {
       expected.emplace(expected.begin() + entry.row - 1, entry.name, entry.points);
       expected.pop_back();
@@ -102,11 +102,11 @@ TEST(NewRecord, GoesIntoItsRow) {
     Play(placar, placar.Enter(entry.name, entry.key) + placar.SeeTable(entry.row),
          [&] { EXPECT_TRUE(placar.Jogo().VerificaRecord()); });
     EXPECT_EQ(placar.M().RecNovo, entry.row);
-    EXPECT_EQ(placar.Rows(placar.M()), expected);
+    EXPECT_EQ(Placar::Rows(placar.M()), expected);
     Module1 stored;
     stored.AppPath = placar.M().AppPath;
     Getrecords(stored);
-    EXPECT_EQ(placar.Rows(stored), expected);
+    EXPECT_EQ(Placar::Rows(stored), expected);
   }
 }
 

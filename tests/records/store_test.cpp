@@ -206,8 +206,8 @@ TEST_F(Store, WhatCannotBeWrittenIsSaidOnce) {
 }
 
 TEST(CodePage, IsTheSystemsOwn) {
-  const iconv_t from = iconv_open("UTF-8", "WINDOWS-1252");
-  ASSERT_NE(from, iconv_t(-1));
+  iconv_t from = iconv_open("UTF-8", "WINDOWS-1252");
+  ASSERT_NE(reinterpret_cast<std::intptr_t>(from), -1);
   for (int byte = 1; byte < 256; ++byte) {
     char in = static_cast<char>(byte);
     char out[8] = {};

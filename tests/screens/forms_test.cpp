@@ -65,8 +65,8 @@ TEST(Screens, CloseByAClickAnywhereOrNowhere) {
   for (const Screen& screen : kScreens) {
     Mesa mesa({{"levels/1.sav", kQuietLevel}}, {16000, 9000});
     std::vector<std::pair<Double, Double>> places;
-    for (Double x = 10; x < 16000; x += 999) {
-      for (Double y = 10; y < 9000; y += 499) places.emplace_back(x, y);
+    for (int x = 10; x < 16000; x += 999) {
+      for (int y = 10; y < 9000; y += 499) places.emplace_back(x, y);
     }
     // Every control of the form has a place of its own.
     Closes(mesa, screen, [&] {

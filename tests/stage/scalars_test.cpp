@@ -56,8 +56,8 @@ TEST(Scalars, AFailingStatementIsSkippedWhole) {
 TEST(Scalars, ScreensFollowTheDisplayBetweenTheirLimits) {
   struct Case {
     PixelSize display;
-    Single width;
-    Double scale;
+    Single width = 0;
+    Double scale = 0;
     PixelRect area;
   };
   const Case cases[] = {{{800, 600}, 12000, 1, {0, 0, 800, 600}},
@@ -77,7 +77,8 @@ TEST(Scalars, ScreensFollowTheDisplayBetweenTheirLimits) {
 
 TEST(Scalars, PicturesKeepTheirPixelSizeWhileTheyMove) {
   const Viewport view({16000, 9000}, {1920, 1080});
-  for (Double left = 0; left < 40; left += 0.7) {
+  for (int step = 0; step < 60; ++step) {
+    const Double left = step * 0.7;
     const PixelRect place = view.ToPixels({left, left, 225, 225});
     EXPECT_EQ(place.Width(), 27);
     EXPECT_EQ(place.Height(), 27);

@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
@@ -35,10 +36,10 @@ Process::Process(const std::vector<std::string>& command, const std::vector<std:
     setenv(pair.substr(0, equals).c_str(), pair.substr(equals + 1).c_str(), 1);
   }
   if (!errors.empty()) dup2(open(errors.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644), STDERR_FILENO);
-  std::vector<char*> words;
-  for (const std::string& word : command) words.push_back(const_cast<char*>(word.c_str()));
-  words.push_back(nullptr);
-  execvp(words[0], words.data());
+  std::vector<std::string> words = command;
+  std::vector<char*> arguments(words.size() + 1);
+  std::ranges::transform(words, arguments.begin(), [](std::string& word) { return word.data(); });
+  execvp(arguments[0], arguments.data());
   _exit(127);
 }
 

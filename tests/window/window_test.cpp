@@ -19,8 +19,8 @@ bool IsYellow(const Colour& colour) { return colour[0] > 200 && colour[1] > 200 
 /// The game in a folder of its own on a display of its own. All places are in pixels of 800 x 600.
 class Window : public testing::Test {
  protected:
-  static constexpr int kPaddleTop = 512;
-  static constexpr int kBlocksBottom = 250;
+  static constexpr int kPaddleLine = 512;
+  static constexpr int kUnderBlocks = 250;
 
   Window() {
     std::filesystem::copy(tools::OwnFolder() / "korvane", folder_.Path() / "korvane");
@@ -42,7 +42,7 @@ class Window : public testing::Test {
     return desktop_.Look().Find(300, 190, 620, 520, IsLit).count > 20 && !FieldIsUp();
   }
   bool SomethingIsUp() const { return desktop_.Look().Find(0, 0, 800, 600, IsLit).count > 500; }
-  Screenshot::Found Ball() const { return desktop_.Look().Find(0, kBlocksBottom, 800, kPaddleTop, IsWhite); }
+  Screenshot::Found Ball() const { return desktop_.Look().Find(0, kUnderBlocks, 800, kPaddleLine, IsWhite); }
   void CloseHelp() {
     ASSERT_TRUE(Eventually([&] { return SomethingIsUp(); }));
     ASSERT_TRUE(Eventually([&] {
@@ -64,13 +64,13 @@ TEST_F(Window, PaddleAndBallGoWhereTheHandSends) {
   for (const int x : {200, 555, 300}) {
     desktop_.Hand("mousemove " + std::to_string(x) + " 300");
     EXPECT_TRUE(Eventually([&] {
-      const auto paddle = desktop_.Look().Find(0, kPaddleTop, 800, kPaddleTop + 15, IsLit);
+      const auto paddle = desktop_.Look().Find(0, kPaddleLine, 800, kPaddleLine + 15, IsLit);
       return std::abs(paddle.left - x) <= 2 && std::abs(Ball().x - (x + 32)) <= 2;
     })) << "pointer at "
         << x;
   }
   const auto held = Ball();
-  EXPECT_NEAR(held.y, kPaddleTop - 8, 2);
+  EXPECT_NEAR(held.y, kPaddleLine - 8, 2);
   desktop_.Hand("click 1");
   EXPECT_TRUE(Eventually([&] {
     const auto ball = Ball();

@@ -31,8 +31,7 @@ class Axis {
   }
   void Close() {
     std::ranges::sort(cuts_);
-    const auto repeated = std::ranges::unique(cuts_);
-    cuts_.erase(repeated.begin(), repeated.end());
+    cuts_.erase(std::unique(cuts_.begin(), cuts_.end()), cuts_.end());
   }
   std::size_t Cells() const { return cuts_.size() - 1; }
   /// The first cell that ends after `place`.

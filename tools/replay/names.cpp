@@ -200,7 +200,7 @@ std::string Names::AllBlocks() const {
     row.Add(ToJson(block.Width.Get()));
     row.Add(ToJson(block.Height.Get()));
     row.Add(ToJson(block.Visible.Get()));
-    const bool typed = i < form_.Module1.TipoBox.kCount;
+    const bool typed = i < decltype(form_.Module1.TipoBox)::kCount;
     row.Add(ToJson(typed ? form_.Module1.TipoBox(i) : Integer(0)));
     row.Add(ToJson(PictureName(block.Picture)));
     list.Add(row.Done());

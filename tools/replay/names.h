@@ -39,7 +39,7 @@ class Names {
   void AddControls();
   void AddTimers();
 
-  Name PropertyOf(std::string_view control, std::string_view property) const;
+  Name PropertyOf(std::string_view owner, std::string_view property) const;
   Name ElementOf(std::string_view array, stage::Integer index) const;
   stage::Control* FindControl(std::string_view name) const;
   std::string AllBlocks() const;
