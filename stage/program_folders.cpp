@@ -22,9 +22,10 @@ path Named(const char* variable) {
 std::vector<path> FoldersIn(const path& folder) {
   std::vector<path> names;
   std::error_code error;
+  std::error_code unknown;
   for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
        entry.increment(error)) {
-    if (entry->is_directory()) names.push_back(entry->path().filename());
+    if (entry->is_directory(unknown)) names.push_back(entry->path().filename());
   }
   return names;
 }
@@ -50,7 +51,10 @@ path DataHome() {
 ProgramFolders FindProgramFolders(const path& program, const path& name, const path& data_home) {
   const path installed = (program / ".." / "share" / "games" / name).lexically_normal();
   const std::vector<path> names = FoldersIn(installed);
-  const auto lies_beside = [&](const path& folder) { return std::filesystem::exists(program / folder); };
+  std::error_code error;
+  const auto lies_beside = [&](const path& folder) {
+    return std::filesystem::exists(program / folder, error);
+  };
   if (names.empty() || std::ranges::any_of(names, lies_beside)) return {program, {}};
   // Nothing can be kept in a folder of a device: no player's folder, no files.
   const path own = (data_home.empty() ? "/dev/null" : data_home) / name;
