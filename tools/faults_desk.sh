@@ -1,7 +1,5 @@
 # Sourced by tools/faults: a display, the real program on it, a hand, and what can be seen from outside.
 
-build=${KORVANE_BUILD:-build}
-sanitized=${KORVANE_SANITIZED:-build-sanitized}
 display=${KORVANE_DISPLAY:-71}
 worse=0     # expectations that were not met
 tried=0     # all that were looked at
@@ -24,18 +22,18 @@ clean_up() {
 }
 
 set_up() {
-  install_missing xvfb xdotool imagemagick
-  [ -x "$build/korvane" ] || fail "no program in $build"
+  install_missing $(packages libgtest-dev xvfb xdotool imagemagick) >&2
+  cmake -S . -B build -G Ninja >/dev/null || fail "cannot build"
+  built korvane
   desk=$(mktemp -d)
   trap clean_up EXIT
   at_end rm -rf "$desk"
   open_display
 }
 
-# The folder with a tool: the sanitized one if there is one.
-built() {
-  [ -x "$sanitized/$1" ] && build=$sanitized
-  [ -x "$build/$1" ] || fail "no $1 in $build"
+built() { ninja -C build --quiet "$1" >&2 || fail "cannot build $1"; }
+sanitized() {
+  cmake --preset sanitized >/dev/null && ninja -C build-sanitized --quiet "$1" >&2 || fail "cannot build $1"
 }
 
 # What should be so, and the command that finds it true.
@@ -96,7 +94,7 @@ settle() {
   game=$1
   rm -rf "$game"
   mkdir "$game"
-  cp -r "$build"/{korvane,levels,sons} "$game"
+  cp -r build/{korvane,levels,sons} "$game"
   printf 'pisca,0,500,10,0\r\n600,400,250,480,1\r\n2000,5000,250,2000,5\r\n' >"$game/levels/1.sav"
 }
 
