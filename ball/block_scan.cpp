@@ -41,10 +41,10 @@ std::string_view LadoBatido(const Alcance& b, const stage::Image& bloco) {
 }  // namespace
 
 void game::ProcuraBox() {
-  if (!Box.Exists(ProximoBox)) return;  // no level stands
-  if (!Box(ProximoBox).Visible && Fundo(Box(ProximoBox - 1)) < ball.Top) return;
+  const bool parado = Box.Exists(ProximoBox) && Box(ProximoBox).Visible;
+  if (!parado && Fundo(Box(ProximoBox - 1)) < ball.Top) return;
   const Alcance alcance(ball, VelX, VelY);
-  for (int i = ProximoBox; i >= 1; --i) {
+  for (int i = ProximoBox - (parado ? 0 : 1); i >= 1; --i) {
     const stage::Image& bloco = Box(i);
     if (!bloco.Visible) continue;
     const std::string_view lado = LadoBatido(alcance, bloco);
