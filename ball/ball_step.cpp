@@ -107,7 +107,7 @@ bool game::LimpaFase() {
   for (Integer i = 1; i < ProximoBox; i = i + 1) {
     if (Module1.TipoBox(i) != 0) return false;
   }
-  ResumeNext([&] { clearall(); }, [&] { FaseAtual = FaseAtual + 1; }, [&] { loadup(FaseAtual); });
+  ResumeNext([&] { ProximaFase(); });
   return true;
 }
 

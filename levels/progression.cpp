@@ -27,7 +27,7 @@ void game::passafase() {
 
 void game::ProximaFase() {
   clearall();
-  FaseAtual = FaseAtual + 1;
+  ResumeNext([&] { FaseAtual = FaseAtual + 1; });  // at its limit it stays
   loadup(FaseAtual);
 }
 
