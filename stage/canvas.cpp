@@ -171,10 +171,12 @@ void Canvas::Write(const TwipRect& rect, const Font& font, const std::string& te
   const PixelRect part =
       PixelRect{left, place.top, left + words->size.width, place.top + words->size.height}.Cut(clip_);
   for (int y = part.top; y < part.bottom; ++y) {
-    const std::uint8_t* alpha =
-        words->alpha.data() + std::ptrdiff_t(y - place.top) * words->size.width - left;
-    Pixel* row = target_.Row(y);
-    for (int x = part.left; x < part.right; ++x) row[x] = Mix(row[x], colour, alpha[x] + (alpha[x] >> 7));
+    const std::uint8_t* const line = words->alpha.data() + std::ptrdiff_t(y - place.top) * words->size.width;
+    Pixel* const row = target_.Row(y);
+    for (int x = part.left; x < part.right; ++x) {
+      const Pixel alpha = line[x - left];
+      row[x] = Mix(row[x], colour, alpha + (alpha >> 7));
+    }
   }
 }
 

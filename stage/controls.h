@@ -89,7 +89,7 @@ class Control {
   virtual void KeyDown(int /*code*/, int /*shift*/) {}
   virtual void Type(const std::string& /*text*/) {}
   virtual void Press(TwipPoint /*place*/) {
-    if (Click) Click();
+    if (const ClickHandler click = Click) click();  // a copy: it may end its control
   }
 
   /// Brings the control to the front of the images and labels of its form. Only position 0 is known.

@@ -27,8 +27,8 @@ void Stage::Handle(const PointerMoved& event) {
   const auto y = Single((pointer_.y - area.top) / units.y);
   if (control == nullptr) {
     form->Form_MouseMove(0, 0, x, y);
-  } else if (control->MouseMove) {
-    control->MouseMove(0, 0, x, y);
+  } else if (const MouseMoveHandler move = control->MouseMove) {  // a copy: it may end its control
+    move(0, 0, x, y);
   }
 }
 

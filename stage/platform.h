@@ -52,6 +52,7 @@ class Platform {
   virtual Double SecondsOfDay() = 0;
 
   virtual void ShowPointer(bool shown) = 0;
+  /// In display pixels.
   virtual PixelPoint PointerPlace() = 0;
   virtual void MovePointer(PixelPoint place) = 0;
 

@@ -29,7 +29,7 @@ TextBox::TextBox(Container& container, const Design& design, const Style& style,
 void TextBox::SetFocus() { GetContainer().Owner().SetFocus(*this); }
 
 void TextBox::Resetting(const std::string& text) {
-  characters_ = Characters(text).substr(0, most_);
+  characters_ = Characters(text);
   caret_ = anchor_ = 0;
   Changing();
 }
@@ -69,7 +69,7 @@ void TextBox::Replace(const std::u32string& text) {
   const std::size_t left = Left();
   std::u32string changed = characters_;
   changed.erase(left, Right() - left);
-  const std::u32string fitting = text.substr(0, most_ - changed.size());
+  const std::u32string fitting = text.substr(0, most_ - std::min(most_, changed.size()));
   changed.insert(left, fitting);
   Text = Utf8(changed);
   MoveCaret(left + fitting.size(), false);

@@ -23,9 +23,7 @@ class Descriptor {
   Descriptor(const std::filesystem::path& path, int flags) : number_(open(path.c_str(), flags, 0644)) {
     if (number_ < 0) throw RuntimeError("cannot open " + path.string());
   }
-  ~Descriptor() {
-    if (number_ >= 0) close(number_);
-  }
+  ~Descriptor() { close(number_); }
   Descriptor(const Descriptor&) = delete;
   Descriptor& operator=(const Descriptor&) = delete;
 

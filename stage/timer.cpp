@@ -11,8 +11,8 @@ constexpr int kLongestInterval = 65535;
 
 Timer::Timer(Form& form, Long interval, bool enabled)
     : form_(form), Enabled(this, enabled), Interval(this, interval) {
-  form_.OnStage().Timers().Add(*this);
   Pacing(interval);
+  form_.OnStage().Timers().Add(*this);
 }
 
 Timer::~Timer() { form_.OnStage().Timers().Remove(*this); }

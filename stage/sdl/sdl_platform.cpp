@@ -3,6 +3,7 @@
 #include <SDL.h>
 #include <poll.h>
 
+#include <cmath>
 #include <ctime>
 #include <memory>
 #include <thread>
@@ -20,6 +21,8 @@ std::string TakeString(char* text) {
   const std::unique_ptr<char, decltype(&SDL_free)> owned(text, SDL_free);
   return owned ? std::string(owned.get()) : std::string();
 }
+
+int Rounded(Double value) { return static_cast<int>(std::lround(value)); }
 
 }  // namespace
 
@@ -50,6 +53,7 @@ SdlPlatform::SdlPlatform(const char* title, const char* name)
                                      SDL_WINDOW_ALLOW_HIGHDPI | SDL_WINDOW_MOUSE_GRABBED));
   if (!window_ || SDL_GetWindowSurface(window_.get()) == nullptr) throw NoDisplay(SDL_GetError());
   connection_ = Connection(window_.get());
+  voice_.emplace();
 }
 
 SdlPlatform::~SdlPlatform() = default;
@@ -107,12 +111,17 @@ std::optional<Event> SdlPlatform::NextEvent() {
   return next;
 }
 
+SdlPlatform::Scale SdlPlatform::PixelsOfAPoint() {
+  PixelSize points{1, 1};
+  SDL_GetWindowSize(window_.get(), &points.width, &points.height);
+  const PixelSize pixels = DisplaySize();
+  return {Double(pixels.width) / points.width, Double(pixels.height) / points.height};
+}
+
 std::optional<Event> SdlPlatform::Translate(const SDL_Event& event) {
   const auto place = [this](int x, int y) {
-    PixelSize points{1, 1};
-    SDL_GetWindowSize(window_.get(), &points.width, &points.height);
-    const PixelSize pixels = DisplaySize();
-    return PointerMoved{Double(x) * pixels.width / points.width, Double(y) * pixels.height / points.height};
+    const Scale scale = PixelsOfAPoint();
+    return PointerMoved{x * scale.x, y * scale.y};
   };
   switch (event.type) {
     case SDL_QUIT:
@@ -185,10 +194,14 @@ void SdlPlatform::ShowPointer(bool shown) { SDL_ShowCursor(shown ? SDL_ENABLE : 
 PixelPoint SdlPlatform::PointerPlace() {
   PixelPoint place;
   SDL_GetMouseState(&place.x, &place.y);
-  return place;
+  const Scale scale = PixelsOfAPoint();
+  return {Rounded(place.x * scale.x), Rounded(place.y * scale.y)};
 }
 
-void SdlPlatform::MovePointer(PixelPoint place) { SDL_WarpMouseInWindow(window_.get(), place.x, place.y); }
+void SdlPlatform::MovePointer(PixelPoint place) {
+  const Scale scale = PixelsOfAPoint();
+  SDL_WarpMouseInWindow(window_.get(), Rounded(place.x / scale.x), Rounded(place.y / scale.y));
+}
 
 std::string SdlPlatform::Clipboard() { return TakeString(SDL_GetClipboardText()); }
 

@@ -39,7 +39,7 @@ class SdlPlatform : public Platform {
   void ShowPointer(bool shown) override;
   PixelPoint PointerPlace() override;
   void MovePointer(PixelPoint place) override;
-  void PlaySound(const std::filesystem::path& file) override { voice_.Play(file); }
+  void PlaySound(const std::filesystem::path& file) override { voice_->Play(file); }
   std::string Clipboard() override;
   ProgramFolders Folders() override { return folders_; }
 
@@ -54,6 +54,13 @@ class SdlPlatform : public Platform {
     void operator()(SDL_Window* window) const;
   };
 
+  struct Scale {
+    Double x;
+    Double y;
+  };
+
+  /// Windows and the pointer are measured in points, which may be larger than pixels.
+  Scale PixelsOfAPoint();
   std::optional<Event> Translate(const SDL_Event& event);
   void Poll();
   bool InputComes(Moment longest) const;
@@ -64,7 +71,7 @@ class SdlPlatform : public Platform {
   std::unique_ptr<SDL_Window, DestroyWindow> window_;
   int connection_ = -1;
   Artist artist_;
-  Voice voice_;
+  std::optional<Voice> voice_;
   std::deque<Event> events_;
   Moment polled_{};
 };

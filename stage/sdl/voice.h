@@ -1,6 +1,7 @@
 // One voice for short sounds.
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <future>
 #include <map>
@@ -27,8 +28,13 @@ class Voice {
   struct FreeChunk {
     void operator()(Mix_Chunk* chunk) const;
   };
+  class Quiet;
+  using Clock = std::chrono::steady_clock;
+
   bool Ready();
 
+  std::shared_ptr<Quiet> quiet_;
+  Clock::time_point patience_;  // when nobody waits any longer for the device to open
   std::future<bool> opening_;
   bool open_ = false;
   std::map<std::string, std::unique_ptr<Mix_Chunk, FreeChunk>> sounds_;
