@@ -42,6 +42,8 @@ inline constexpr int kInvisivel = 21;
 inline constexpr int kRevelado = 22;     // what an unseen block looks like once hit
 inline constexpr int kFechamento = 100;  // the carrier of the parked bonus
 
+inline constexpr int kRecords = 10;  // rows of the table of records
+
 struct Module1 {
   /// Type of each block by its index in Box: 0 gone, 20 hard, 21 unseen, 100 the carrier of the parked bonus.
   Vetor<Integer, 600> TipoBox;

@@ -1,5 +1,7 @@
 #include "levels/level_file.h"
 
+#include <algorithm>
+
 namespace korvane {
 namespace {
 

@@ -15,16 +15,16 @@ struct Linha {
   Double topo;
   Double altura;
 };
-constexpr std::array<Linha, 10> kLinhas{{{1080, 495},
-                                         {1680, 495},
-                                         {2280, 495},
-                                         {2880, 345},
-                                         {3360, 345},
-                                         {3840, 345},
-                                         {4320, 345},
-                                         {4800, 345},
-                                         {5280, 345},
-                                         {5760, 345}}};
+constexpr std::array<Linha, kRecords> kLinhas{{{1080, 495},
+                                               {1680, 495},
+                                               {2280, 495},
+                                               {2880, 345},
+                                               {3360, 345},
+                                               {3840, 345},
+                                               {4320, 345},
+                                               {4800, 345},
+                                               {5280, 345},
+                                               {5760, 345}}};
 constexpr Double kSemPontos = 9999999;  // a score shown as a point
 
 auto Coluna(Double esquerda, Double largura, Align lado, const char* texto) {
@@ -63,7 +63,7 @@ void FrmMostraRecords::Form_Load() {
     Label1(m.RecNovo).ForeColor = Rgb(255, 255, 0);
     Label2(m.RecNovo).ForeColor = Rgb(255, 255, 0);
   }
-  for (Integer i = 1; i <= 10; i = i + 1) {
+  for (Integer i = 1; i <= kRecords; i = i + 1) {
     Label1(i).FontSize = Single(21 - i);
     Label2(i).FontSize = Single(21 - i);
     Label1(i).Caption = m.RecNome(i);

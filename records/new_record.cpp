@@ -7,16 +7,15 @@
 namespace korvane {
 
 Flag game::VerificaRecord() {
-  constexpr int kLinhas = 10;
   korvane::Module1& m = Module1;
   Integer i = 1;
-  while (i <= kLinhas && !(Double(m.Pontos) > Int(m.RecPontos(i)))) i = i + 1;
-  if (i > kLinhas) return false;
+  while (i <= kRecords && !(Double(m.Pontos) > Int(m.RecPontos(i)))) i = i + 1;
+  if (i > kRecords) return false;
   programa.FrmEntrarecord.Show(stage::kModal);
   if (m.NomeRecord.empty()) {
     m.RecNovo = 0;
   } else {
-    for (Integer j = kLinhas; j > i; j = j - 1) {
+    for (Integer j = kRecords; j > i; j = j - 1) {
       m.RecNome(j) = m.RecNome(j - 1);
       m.RecPontos(j) = m.RecPontos(j - 1);
     }

@@ -1,5 +1,6 @@
 #include "records/store.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 
@@ -9,7 +10,6 @@
 namespace korvane {
 namespace {
 
-constexpr int kLinhas = 10;
 constexpr std::size_t kMaisBytes = 64 << 10;  // more than the rows of any table need
 constexpr std::size_t kMaisGuardados = 64 << 20;
 constexpr std::size_t kMaiorLinha = 1000;
@@ -27,7 +27,7 @@ std::string Linha(std::string_view nome, std::string_view pontos) {
 
 std::string TabelaPadrao() {
   std::string bytes;
-  for (int r = 1; r <= kLinhas; ++r) bytes += Linha(".", "0");
+  for (int r = 1; r <= kRecords; ++r) bytes += Linha(".", "0");
   return bytes;
 }
 
@@ -48,7 +48,7 @@ std::string_view Campo(stage::FieldReader& campos) {
 }
 
 bool TemLinha(Module1& modulo, const std::string& nome, Double pontos) {
-  for (Integer r = 1; r <= kLinhas; r = r + 1) {
+  for (Integer r = 1; r <= kRecords; r = r + 1) {
     if (modulo.RecNome(r) == nome && modulo.RecPontos(r) == pontos) return true;
   }
   return false;
@@ -65,31 +65,38 @@ bool FazFalta(std::string_view arquivo, std::string_view tabela) {
   } catch (const RuntimeError&) {
     return true;
   }
-  for (Integer r = 1; r <= kLinhas; r = r + 1) {
-    const bool caiu = velho.RecPontos(r) <= novo.RecPontos(kLinhas);
+  for (Integer r = 1; r <= kRecords; r = r + 1) {
+    const bool caiu = velho.RecPontos(r) <= novo.RecPontos(kRecords);
     if (!caiu && !TemLinha(novo, velho.RecNome(r), velho.RecPontos(r))) return true;
   }
   return false;
 }
 
-void GuardaOQueFazFalta(const Module1& modulo, const std::filesystem::path& arquivo,
-                        std::string_view tabela) {
-  std::error_code erro;
-  if (!std::filesystem::exists(arquivo, erro)) return;
-  const std::string inicio = stage::ReadStart(arquivo, kMaisBytes);
-  if (inicio.empty() || !FazFalta(inicio, tabela)) return;
-  stage::WriteWhole(Arquivo(modulo, "kv_his.old"), stage::ReadWhole(arquivo, kMaisGuardados));
+/// False, with a line on stderr, if it cannot be done.
+bool Grava(const std::filesystem::path& arquivo, std::string_view bytes) {
+  try {
+    stage::WriteWhole(arquivo, bytes);
+    return true;
+  } catch (const RuntimeError&) {
+    std::cerr << "korvane: cannot write " << arquivo.string() << "; the records hold for this run only\n";
+    return false;
+  }
 }
 
-void Avisa(const std::filesystem::path& arquivo) {
-  std::cerr << "korvane: cannot write " << arquivo.string() << "; the records hold for this run only\n";
+/// What the file holds, if somebody may miss it once the table has taken its place.
+std::string OQueFazFalta(const std::filesystem::path& arquivo, std::string_view tabela) {
+  std::error_code erro;
+  if (!std::filesystem::is_regular_file(arquivo, erro)) return {};
+  const std::string inicio = stage::ReadStart(arquivo, kMaisBytes);
+  if (inicio.empty() || !FazFalta(inicio, tabela)) return {};
+  return stage::ReadWhole(arquivo, kMaisGuardados);
 }
 
 }  // namespace
 
 void LeTabela(Module1& modulo, std::string_view bytes) {
   stage::FieldReader campos(AteLinhaLonga(bytes));
-  for (Integer r = 1; r <= kLinhas; r = r + 1) {
+  for (Integer r = 1; r <= kRecords; r = r + 1) {
     const std::string nome = DaPagina(Campo(campos));
     const Double pontos = stage::NumberOf(Campo(campos));
     modulo.RecNome(r) = nome;
@@ -99,7 +106,7 @@ void LeTabela(Module1& modulo, std::string_view bytes) {
 
 std::string TextoDaTabela(Module1& modulo) {
   std::string bytes;
-  for (Integer r = 1; r <= kLinhas; r = r + 1)
+  for (Integer r = 1; r <= kRecords; r = r + 1)
     bytes += Linha(modulo.RecNome(r), stage::DecimalText(modulo.RecPontos(r)));
   return bytes;
 }
@@ -115,22 +122,20 @@ void Getrecords(Module1& modulo) {
   } catch (const RuntimeError&) {
     return;
   }
-  try {
-    stage::WriteWhole(arquivo, TabelaPadrao());
-  } catch (const RuntimeError&) {
-    Avisa(arquivo);
-  }
+  Grava(arquivo, TabelaPadrao());
 }
 
 void GravaRecords(Module1& modulo) {
   const std::filesystem::path arquivo = Arquivo(modulo, "kv_his.dat");
   const std::string tabela = TextoDaTabela(modulo);
+  std::string falta;
   try {
-    GuardaOQueFazFalta(modulo, arquivo, tabela);
-    stage::WriteWhole(arquivo, tabela);
+    falta = OQueFazFalta(arquivo, tabela);
   } catch (const RuntimeError&) {
-    Avisa(arquivo);
+    std::cerr << "korvane: cannot read " << arquivo.string() << "; the records hold for this run only\n";
+    return;
   }
+  if (falta.empty() || Grava(Arquivo(modulo, "kv_his.old"), falta)) Grava(arquivo, tabela);
 }
 
 bool CabeNoRecord(char32_t letra) { return TemNaPagina(letra); }

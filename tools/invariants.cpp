@@ -46,7 +46,7 @@ std::string Invariants::Broken(game& jogo, const stage::Form* active) {
       {"the ball across", jogo.BolaPresa || in(jogo.ball.Left, -200, jogo.Palco.Screen.Width + 200.0)},
       {"the ball up and down", in(jogo.ball.Top, -farthest, jogo.User.Top + farthest)},
       {"block 0", !jogo.Box(0).Visible},
-      {"the carrier's index", in(jogo.ProximoBox, 1, 599)},
+      {"the carrier's index", in(jogo.ProximoBox, 1, jogo.Module1.TipoBox.kCount - 1)},
   };
   for (const auto& rule : rules) {
     if (!rule.holds) return rule.what;
@@ -63,14 +63,14 @@ std::string Invariants::BrokenLevel(game& jogo) {
     const bool all_done = carrier == 1 && jogo.Serie == 3;
     return all_done ? "" : "no carrier";
   }
-  if (TipoBox(carrier) != 100 && (TipoBox(carrier) != 0 || jogo.Box(carrier).Visible))
+  if (TipoBox(carrier) != korvane::kFechamento && (TipoBox(carrier) != 0 || jogo.Box(carrier).Visible))
     return "the carrier's type";
   if (level_ == jogo.FasesRetiradas) return "";
   level_ = jogo.FasesRetiradas;
   bool hard = false;
   for (Integer i = 1; i < carrier; i = i + 1) {
     if (!jogo.Box.Exists(i)) return "a missing block";
-    hard = hard || TipoBox(i) == 20;
+    hard = hard || TipoBox(i) == korvane::kRigido;
   }
   if (hard != jogo.TemRigido) return "hard blocks";
   for (Integer i = carrier + 1; i < jogo.Box.End(); i = i + 1) {

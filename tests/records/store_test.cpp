@@ -38,10 +38,14 @@ class Store : public testing::Test {
   }
   /// What the player is told.
   template <class Act>
-  std::size_t LinesSaid(Act act) {
+  std::string Said(Act act) {
     testing::internal::CaptureStderr();
     act();
-    return std::size_t(std::ranges::count(testing::internal::GetCapturedStderr(), '\n'));
+    return testing::internal::GetCapturedStderr();
+  }
+  template <class Act>
+  std::size_t LinesSaid(Act act) {
+    return std::size_t(std::ranges::count(Said(act), '\n'));
   }
 
   tools::TempFolder folder;
@@ -192,7 +196,9 @@ TEST_F(Store, WhatCannotBeWrittenIsSaidOnce) {
     if (test.damaged != nullptr) tests::WriteFile(here.Path() / "kv_his.dat", test.damaged);
     EXPECT_EQ(LinesSaid([&] { Getrecords(modulo); }), 0U);
     modulo.RecNome(1) = "Eu";
-    EXPECT_EQ(LinesSaid([&] { GravaRecords(modulo); }), 1U);
+    const std::string said = Said([&] { GravaRecords(modulo); });
+    EXPECT_EQ(std::ranges::count(said, '\n'), 1);
+    EXPECT_NE(said.find(test.folder_at), std::string::npos) << said;
     EXPECT_EQ(modulo.RecNome(1), "Eu");
     EXPECT_TRUE(std::filesystem::is_directory(here.Path() / test.folder_at / "full"));
     if (test.damaged != nullptr) {

@@ -1,7 +1,20 @@
 // A block of a level, in design units.
 #pragma once
 
+#include "bonus/draw.h"
+#include "core/Module1.h"
+
 namespace level {
+
+inline constexpr int kHard = korvane::kRigido;
+inline constexpr int kUnseen = korvane::kInvisivel;
+inline constexpr int kPaleOlive = korvane::kRevelado;
+inline constexpr int kLastType = korvane::kRevelado;
+/// TipoBox has no use for index 0 and one more for the carrier of the parked bonus.
+inline constexpr int kMostBlocks = decltype(korvane::Module1::TipoBox)::kCount - 2;
+
+inline constexpr int kLastBonus = 8;
+inline constexpr int kAllBonuses = korvane::kTodosBarrados;
 
 struct Block {
   int record = 0;  // of the file that it stands in

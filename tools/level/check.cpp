@@ -8,13 +8,7 @@
 namespace level {
 namespace {
 
-constexpr int kMostBlocks = 598;
-constexpr int kLastType = 22;
-constexpr int kHard = 20;
-constexpr int kUnseen = 21;
 constexpr int kLongestInterval = 65535;  // ms
-constexpr int kLastBonus = 8;
-constexpr int kAllBonuses = 10;
 /// How much lower the last series lays the blocks.
 constexpr int kLastShift = (3 * 9000 + 34) / 35;
 

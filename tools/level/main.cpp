@@ -2,6 +2,7 @@
 #include <charconv>
 #include <iostream>
 #include <optional>
+#include <stdexcept>
 #include <vector>
 
 #include "levels/level_file.h"
@@ -70,7 +71,8 @@ int Draw(const Words& words) {
 
 int Make(const Words& words) {
   if (words.size() != 1) return Usage();
-  std::cout << level::SavFromMap(korvane::LevelText(words[0]));
+  std::cout << level::SavFromMap(korvane::LevelText(words[0])) << std::flush;
+  if (!std::cout) throw std::runtime_error("cannot write the level");
   return 0;
 }
 

@@ -17,14 +17,10 @@ namespace {
 constexpr int kFieldLeft = 260;
 constexpr int kFieldRight = 11740;
 constexpr int kFieldTop = 500;
-constexpr int kFieldBottom = 6300;  // leaves room above the paddle once the fourth series lowers it
-constexpr std::size_t kMostBlocks = 598;
+constexpr int kFieldBottom = 6300;         // leaves room above the paddle once the fourth series lowers it
 constexpr std::size_t kMostBytes = 65536;  // of map text
 
 constexpr std::string_view kPlainTypes = "abcdefghijklmnopqrs";
-constexpr int kHard = 20;
-constexpr int kUnseen = 21;
-constexpr int kPaleOlive = 22;
 
 constexpr std::size_t kLongestName = 60;
 constexpr int kMostColumns = 95;
@@ -33,8 +29,6 @@ constexpr int kLongestStep = 3000;
 constexpr int kWidestGap = 60;
 constexpr int kSoonestBlink = 500;  // ms; anything quicker than the game allows
 constexpr int kLatestBlink = 60000;
-constexpr int kAllBonuses = 10;
-constexpr int kLastBonus = 8;
 
 struct Point {
   int x = 0;
@@ -126,7 +120,7 @@ std::array<std::string_view, 2> TwoWords(std::string_view value, const Lines& li
 
 std::string Name(std::string_view value, const Lines& lines) {
   if (value.empty() || value.size() > kLongestName) {
-    lines.Fail("the name must have 1 to " + std::to_string(kLongestName) + " characters");
+    lines.Fail("the name must have 1 to " + std::to_string(kLongestName) + " bytes");
   }
   return std::string(value);
 }
@@ -227,7 +221,8 @@ void AddRow(const std::vector<Run>& runs, Point corner, const Grid& grid, const 
   for (const Run& run : runs) {
     const Block block = BlockOf(run, corner, grid, lines);
     if (run.mark != '|') {
-      if (blocks.size() == kMostBlocks) lines.Fail("more than " + std::to_string(kMostBlocks) + " blocks");
+      if (int(blocks.size()) == kMostBlocks)
+        lines.Fail("more than " + std::to_string(kMostBlocks) + " blocks");
       blocks.push_back(block);
       continue;
     }

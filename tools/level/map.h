@@ -22,15 +22,15 @@
 
 namespace level {
 
-// A fault in a map; what() reads "line N: why", with lines counted from 1.
+/// A fault in a map; what() reads "line N: why", with lines counted from 1.
 class MapError : public std::runtime_error {
  public:
   MapError(std::size_t line, const std::string& why);
 };
 
-// The level as the text of a .sav file: one record a line, each line ended, the lowest block last. Throws
-// MapError on an unknown or repeated header, a value out of range, an unknown character in the grid, a block
-// outside the field, no block that a plain ball can remove, or too many blocks.
+/// The level as the text of a .sav file: one record a line, each line ended, the lowest block last. Raises
+/// MapError on an unknown or repeated header, a value out of range, an unknown character in the grid, a block
+/// outside the field, no block that a plain ball can remove, or too many blocks.
 std::string SavFromMap(std::string_view text);
 
 }  // namespace level

@@ -6,8 +6,6 @@
 namespace level {
 namespace {
 
-constexpr int kHard = 20;
-
 /// Where the ball overlaps a block, as a rectangle of its own top left corner.
 struct Shadow {
   explicit Shadow(const Block& block)
