@@ -78,10 +78,7 @@ bool game::PerdeBola() {
   ball.Visible = false;
   ResumeNext([&] { Vidas = Vidas - 1; });
   sound("end.wav");
-  ball.Picture = Imageball(0).Picture;
-  Module1.BolaAtual = 0;
-  BonusCaindo = -1;
-  Magnetico = false;
+  TiraPoderes();
   ExibeVidas(Vidas);
   ExibeBolaAtual();
   if (Vidas < 1) {
@@ -89,18 +86,21 @@ bool game::PerdeBola() {
     return true;
   }
   User.Left = Single(Palco.Screen.Width / 2.0 - User.Width / 2);
-  BolaPresa = true;
-  User.Width = Single(LarguraBase);
-  Image1.Width = Single(LarguraBase);
-  TamanhoUser = 2;
-  ball.Top = User.Top;
-  ball.Left = Single(ball.Width / 2 + User.Left);
+  MudaTamanho(2);
+  RepoeBola();
   DeslocaBola = 0;
-  VelX = 0;
-  VelY = -Module1.Vkorv;
   ball.Visible = true;
   if (TemRigido) ResumeNext([&] { passafase(); });
   return true;
+}
+
+/// The ball waits on the paddle for its launch, which is straight up.
+void game::RepoeBola() {
+  ball.Top = User.Top;
+  ball.Left = Single(ball.Width / 2 + User.Left);
+  BolaPresa = true;
+  VelX = 0;
+  VelY = -Module1.Vkorv;
 }
 
 bool game::LimpaFase() {

@@ -3,7 +3,7 @@
 
 namespace korvane {
 
-void game::consedebonus(const Integer& nbonus) {
+void game::consedebonus(Integer nbonus) {
   switch (nbonus) {
     case 1:
     case 2:
@@ -44,23 +44,22 @@ void game::PerdeVida() {
   ball.Visible = false;
   Vidas = Vidas - 1;
   sound("end.wav");
-  User.Width = Single(LarguraBase);
-  Image1.Width = Single(LarguraBase);
-  TamanhoUser = 2;
+  MudaTamanho(2);
+  TiraPoderes();
+  ExibeBolaAtual();
+  ExibeVidas(Vidas);
+  if (Vidas < 1) return gameover();
+  RepoeBola();
+  ball.Visible = true;
+  if (TemRigido) passafase();
+}
+
+/// What bonuses have done to the ball, or would do once caught, is over.
+void game::TiraPoderes() {
   ball.Picture = Imageball(0).Picture;
   Module1.BolaAtual = 0;
   BonusCaindo = -1;
   Magnetico = false;
-  ExibeBolaAtual();
-  ExibeVidas(Vidas);
-  if (Vidas < 1) return gameover();
-  ball.Top = User.Top;
-  ball.Left = Single(ball.Width / 2 + User.Left);
-  BolaPresa = true;
-  VelX = 0;
-  VelY = -Module1.Vkorv;
-  ball.Visible = true;
-  if (TemRigido) passafase();
 }
 
 /// The paddle grows and shrinks to the right; its Left stays.

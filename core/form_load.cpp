@@ -17,10 +17,7 @@ void game::Form_Load() {
   paused = false;
   Vidas = 3;
   FaseAtual = 1;
-  Module1.BolaAtual = 0;
-  BonusCaindo = -1;
-  Magnetico = false;
-  ball.Picture = Imageball(Module1.BolaAtual).Picture;
+  TiraPoderes();
   Caminho = Palco.AppPath();
   EscondeCursor(Palco);
   BolaPresa = true;

@@ -56,12 +56,13 @@ class game : public stage::Form {
 
   /// Play is suspended: the ball and the bonus timers do nothing.
   Flag paused;
-  /// The ball's step, form units to the right and down.
+  /// The ball's step, form units to the right and down; it takes two in a beat.
   Double VelX = 0;
   Double VelY = 0;
   Integer Vidas;
   /// The ball rests on the paddle and waits for the launch.
   Flag BolaPresa;
+  /// The folder that levels and sounds are read from.
   std::string Caminho;
   Integer FaseAtual;
   /// 0 to 3, shown as A to D.
@@ -73,7 +74,7 @@ class game : public stage::Form {
   /// Code of the parked bonus, 0 for none.
   Integer BonusParado;
   Flag Magnetico;
-  /// Normal width of the paddle.
+  /// Normal width of the paddle, form units.
   Integer LarguraBase;
   /// 1 small, 2 normal, 3 large.
   Integer TamanhoUser;
@@ -82,11 +83,13 @@ class game : public stage::Form {
   /// Bonus barred in this level, 0 for none, 10 for all.
   Integer BonusExcluido;
   Flag TemRigido;
+  /// Where the ball was when the measuring of the speed began, form units.
   Long TopoInicial;
   /// Hundredths of a second since midnight.
   Single TempoInicial = 0;
+  /// Hits on hard blocks since the paddle or another block was hit.
   Integer BatidasRigido;
-  /// The held ball's Left minus the paddle's, 0 for the centre.
+  /// The held ball's Left minus the paddle's, form units; 0 for the centre.
   Single DeslocaBola = 0;
   Flag EstadoPisca;
   /// Counts the levels taken off the field, so that a procedure that gives way can tell that its level is
@@ -132,13 +135,17 @@ class game : public stage::Form {
 
   // Levels.
 
+  /// Puts the level on the field; if its file cannot be read, the first level of the next series.
   void loadup(Integer num);
+  /// Takes the level off the field and holds the ball.
   void clearall();
+  /// Goes on to the next level if only hard blocks are left.
   void passafase();
 
   // Bonuses.
 
-  void consedebonus(const Integer& nbonus);
+  /// Does what the bonus does.
+  void consedebonus(Integer nbonus);
   void Timer2_Timer();
   void TimerDescebonus_Timer();
   void TestaBonus();
@@ -148,11 +155,12 @@ class game : public stage::Form {
   // The end of a game.
 
   void gameover();
+  /// Enters the score into the table of records; false if it has no place there.
   Flag VerificaRecord();
 
   // Status and sound.
 
-  void ExibeVidas(const Integer& nvida);
+  void ExibeVidas(Integer nvida);
   void ExibeBolaAtual();
   void sound(std::string_view swave);
 
@@ -171,6 +179,7 @@ class game : public stage::Form {
   void RebateUser();
   void ProcuraBox();
   bool PerdeBola();
+  void RepoeBola();
   bool LimpaFase();
   void AvancaBola();
 
@@ -199,6 +208,7 @@ class game : public stage::Form {
 
   // Bonuses.
   void TrocaBola(Integer codigo);
+  void TiraPoderes();
   void PerdeVida();
   void MudaTamanho(Integer tamanho);
   void GanhaFase();

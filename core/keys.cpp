@@ -24,7 +24,7 @@ void game::Box_Click(Integer) { Form_Click(); }
 void game::statusbar_Click() { Form_Click(); }
 
 void game::Image1_Click() {
-  if (BolaPresa) BolaPresa = false;
+  BolaPresa = false;
 }
 
 void game::Form_KeyDown(Integer KeyCode, Integer Shift) {

@@ -63,10 +63,7 @@ void game::CarregaFase(Integer num) {
     ProximoBox = ProximoBox + 1;
   }
   CriaFechamento();
-  ball.Picture = Imageball(0).Picture;
-  Module1.BolaAtual = 0;
-  BonusCaindo = -1;
-  Magnetico = false;
+  TiraPoderes();
   ExibeBolaAtual();
   Label2.Caption = std::string("Tela: ") + "ABCDEFGHIJKLM"[Serie] + "-" + std::to_string(num);
   if (TipoPisca > 0) TimerPisca.Enabled = true;

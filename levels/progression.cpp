@@ -9,11 +9,7 @@ void game::clearall() {
     ResumeNext([&] { Box.Unload(i); }, [&] { Module1.TipoBox(i) = 0; });
   }
   ProximoBox = 1;
-  ball.Top = User.Top;
-  ball.Left = Single(ball.Width / 2 + User.Left);
-  BolaPresa = true;
-  VelX = 0;
-  VelY = -Module1.Vkorv;
+  RepoeBola();
 }
 
 void game::passafase() {

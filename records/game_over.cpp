@@ -15,10 +15,7 @@ void game::gameover() {
   }
   EscondeCursor(Palco);
   paused = false;
-  Module1.BolaAtual = 0;
-  BonusCaindo = -1;
-  Magnetico = false;
-  ball.Picture = Imageball(Module1.BolaAtual).Picture;
+  TiraPoderes();
   Module1.Pontos = 0;
   LabelPontos.Caption = std::to_string(Module1.Pontos);
   Vidas = 3;
@@ -28,9 +25,7 @@ void game::gameover() {
   Serie = 0;
   ProximoBox = 1;
   loadup(1);
-  TamanhoUser = 2;
-  User.Width = Single(LarguraBase);
-  Image1.Width = User.Width;
+  MudaTamanho(2);
 }
 
 }  // namespace korvane

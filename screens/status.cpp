@@ -3,7 +3,7 @@
 
 namespace korvane {
 
-void game::ExibeVidas(const Integer& nvida) {
+void game::ExibeVidas(Integer nvida) {
   for (Integer k = 1; k <= 5; k = k + 1) life(k).Visible = nvida > k;
 }
 

@@ -1,28 +1,21 @@
 // A program ready to play, for tests: started, the help screen closed, the ball held. Nothing runs by itself.
 #pragma once
 
-#include <fstream>
 #include <map>
 
 #include "assets/assets.h"
 #include "core/game.h"
 #include "stage/scripted_platform.h"
 #include "stage/sdl/artist.h"
+#include "tools/files.h"
 #include "tools/temp_folder.h"
 
 namespace tests {
 
 using namespace korvane;
 
-inline void WriteFile(const std::filesystem::path& file, std::string_view bytes) {
-  std::filesystem::create_directories(file.parent_path());
-  std::ofstream(file, std::ios::binary) << bytes;
-}
-
-inline std::string ReadFile(const std::filesystem::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
+using tools::ReadFile;
+using tools::WriteFile;
 
 /// One normal block far from the ball's way, no bonuses.
 inline constexpr const char* kQuietLevel = "pisca,0,500,10,0\r\n600,11000,250,480,5\r\n";

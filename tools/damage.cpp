@@ -7,33 +7,25 @@
 
 #include <algorithm>
 #include <csignal>
-#include <fstream>
 #include <iostream>
-#include <iterator>
 
 #include "assets/assets.h"
 #include "records/store.h"
 #include "stage/sdl/artist.h"
 #include "tools/bot.h"
+#include "tools/files.h"
 #include "tools/temp_folder.h"
 
 namespace {
 
 using namespace korvane;
+using tools::ReadFile;
+using tools::WriteFile;
 using Random = std::mt19937;
 
 constexpr const char* kRecords = "kv_his.dat";
 constexpr const char* kKept = "kv_his.old";
 constexpr const char* kLevel = "levels/1.sav";
-
-std::string ReadFile(const std::filesystem::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-void WriteFile(const std::filesystem::path& file, const std::string& bytes) {
-  std::ofstream(file, std::ios::binary) << bytes;
-}
 
 std::size_t Below(std::size_t end, Random& any) { return any() % std::max<std::size_t>(end, 1); }
 

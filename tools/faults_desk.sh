@@ -14,6 +14,8 @@ fail() {
   exit 2
 }
 
+as_root() { [ "$(id -u)" = 0 ] || fail "this needs root"; }
+
 at_end() { endings=("$(printf '%q ' "$@")" "${endings[@]}"); }
 
 clean_up() {
@@ -23,7 +25,7 @@ clean_up() {
 
 set_up() {
   install_missing $(packages libgtest-dev xvfb xdotool imagemagick) >&2
-  cmake -S . -B build -G Ninja >/dev/null || fail "cannot build"
+  configure || fail "cannot build"
   built korvane
   desk=$(mktemp -d)
   trap clean_up EXIT

@@ -7,9 +7,7 @@
 #include <array>
 #include <chrono>
 #include <csignal>
-#include <fstream>
 #include <iostream>
-#include <iterator>
 #include <optional>
 #include <random>
 #include <string>
@@ -17,18 +15,15 @@
 
 #include "records/store.h"
 #include "stage/profile.h"
+#include "tools/files.h"
 #include "tools/temp_folder.h"
 
 namespace {
 
 using namespace korvane;
+using tools::ReadFile;
 
 constexpr int kLongestLife = 15000;  // microseconds
-
-std::string ReadFile(const std::filesystem::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 /// The name in row `r` of the table that a writer stores at a turn. Tables differ in length.
 std::string NameOf(int writer, int turn, int r) {
@@ -166,8 +161,8 @@ bool Kill(int times) {
   constexpr int kMostLeft = 3;  // one for each file that is ever written
   const tools::TempFolder folder;
   std::mt19937 any(std::random_device{}());
-  std::ofstream(folder.Path() / "config.ini") << ConfigOf(0, 0);
-  std::ofstream(folder.Path() / "kv_his.dat") << RecordsOf(0, 0);
+  tools::WriteFile(folder.Path() / "config.ini", ConfigOf(0, 0));
+  tools::WriteFile(folder.Path() / "kv_his.dat", RecordsOf(0, 0));
   Count done;
   std::ptrdiff_t most_left = 0;
   for (; done.rounds < times; ++done.rounds) {

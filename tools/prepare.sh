@@ -1,7 +1,7 @@
-# Sourced by ./play and ./test: installs what is missing and builds into build/.
+# Sourced by the scripts: installs what is missing and configures build/.
 
 packages() {
-  echo g++ cmake ninja-build pkg-config libsdl2-dev libsdl2-image-dev libsdl2-ttf-dev libsdl2-mixer-dev \
+  echo g++ cmake ninja-build pkg-config libsdl2-dev libsdl2-image-dev libsdl2-ttf-dev libsdl2-mixer-dev libx11-dev \
     fonts-liberation2 fonts-dejavu-core "$@"
 }
 
@@ -25,13 +25,16 @@ install_missing() {
     exit 1
   fi
   local as_root=()
-  [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+  if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null; then
+      echo "Please install these packages as root: ${missing[*]}" >&2
+      exit 1
+    fi
+    as_root=(sudo)
+  fi
   echo "Installing ${missing[*]}"
   "${as_root[@]}" apt-get -qq update
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq -y install --no-install-recommends "${missing[@]}"
 }
 
-# Configures build/ if that has not been done.
-configured() {
-  [ -f build/build.ninja ] || cmake -S . -B build -G Ninja >/dev/null
-}
+configure() { cmake -S . -B build -G Ninja >/dev/null; }

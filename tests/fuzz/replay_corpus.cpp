@@ -1,11 +1,10 @@
 // Runs a fuzzer over the files of a folder and over inputs made from them, for compilers without one.
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "tests/fuzz/mutator.h"
 #include "tests/fuzz/require.h"
+#include "tools/files.h"
 
 namespace fs = std::filesystem;
 
@@ -24,8 +23,7 @@ std::vector<std::string> RunKept(const fs::path& folder) {
   std::ranges::sort(files);
   std::vector<std::string> kept;
   for (const fs::path& file : files) {
-    std::ifstream stream(file, std::ios::binary);
-    kept.emplace_back(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>());
+    kept.push_back(tools::ReadFile(file));
     std::cerr << file.filename().string() << '\n';
     Run(kept.back());
   }

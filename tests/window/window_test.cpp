@@ -3,10 +3,10 @@
 
 #include <chrono>
 #include <csignal>
-#include <fstream>
 #include <thread>
 
 #include "tests/window/desktop.h"
+#include "tools/files.h"
 #include "tools/temp_folder.h"
 
 namespace tests {
@@ -24,18 +24,14 @@ class Window : public testing::Test {
 
   Window() {
     std::filesystem::copy(tools::OwnFolder() / "korvane", folder_.Path() / "korvane");
-    std::filesystem::create_directory(folder_.Path() / "levels");
     // One block over the middle, where a straight ball meets it.
-    std::ofstream(folder_.Path() / "levels" / "1.sav")
-        << "pisca,0,500,10,0\n600,400,250,480,1\n2000,5000,250,2000,5\n";
+    tools::WriteFile(folder_.Path() / "levels" / "1.sav",
+                     "pisca,0,500,10,0\n600,400,250,480,1\n2000,5000,250,2000,5\n");
   }
 
   Process Start() { return Process({Program()}, desktop_.Environment(), folder_.Path() / "errors"); }
   std::string Program() const { return (folder_.Path() / "korvane").string(); }
-  std::string Content(const char* name) const {
-    std::ifstream stream(folder_.Path() / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-  }
+  std::string Content(const char* name) const { return tools::ReadFile(folder_.Path() / name); }
   /// The bar under the field is up, so the play form is seen.
   bool FieldIsUp() const { return desktop_.Look().Find(400, 540, 401, 565, IsLit).count > 5; }
   bool TableIsUp() const {

@@ -18,26 +18,18 @@ using stage::Single;
 
 [[noreturn]] void Refuse(const std::string& why) { throw std::runtime_error(why); }
 
-Double ToNumber(std::string_view text) {
-  Double value = 0;
-  const auto end = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (end.ec != std::errc() || end.ptr != text.data() + text.size())
-    Refuse("not a number: " + std::string(text));
-  return value;
-}
-
 template <class Value>
 Value FromText(std::string_view text) {
   if constexpr (std::is_same_v<Value, std::string>) {
     return std::string(text);
   } else if constexpr (std::is_same_v<Value, Integer>) {
-    return stage::CInt(ToNumber(text));
+    return stage::CInt(WordAsNumber(text));
   } else if constexpr (std::is_same_v<Value, Long>) {
-    return stage::CLng(ToNumber(text));
+    return stage::CLng(WordAsNumber(text));
   } else if constexpr (std::is_same_v<Value, Flag>) {
-    return ToNumber(text) != 0;
+    return WordAsNumber(text) != 0;
   } else {
-    return static_cast<Value>(ToNumber(text));
+    return static_cast<Value>(WordAsNumber(text));
   }
 }
 
@@ -99,10 +91,19 @@ struct Indexed {
 std::optional<Indexed> SplitIndex(std::string_view text) {
   const std::size_t open = text.find('(');
   if (open == std::string_view::npos || !text.ends_with(')')) return std::nullopt;
-  return Indexed{text.substr(0, open), stage::CInt(ToNumber(text.substr(open + 1, text.size() - open - 2)))};
+  return Indexed{text.substr(0, open),
+                 stage::CInt(WordAsNumber(text.substr(open + 1, text.size() - open - 2)))};
 }
 
 }  // namespace
+
+Double WordAsNumber(std::string_view word) {
+  Double value = 0;
+  const auto end = std::from_chars(word.data(), word.data() + word.size(), value);
+  if (end.ec != std::errc() || end.ptr != word.data() + word.size())
+    Refuse("not a number: " + std::string(word));
+  return value;
+}
 
 Names::Names(game& form) : form_(form) {
   timers_ = {{"Timer_Move", &form.Timer_Move},

@@ -1,6 +1,5 @@
 #include "tools/replay/replay.h"
 
-#include <charconv>
 #include <sstream>
 
 #include "assets/assets.h"
@@ -20,19 +19,10 @@ std::vector<std::string> Words(const std::string& text) {
   return words;
 }
 
-Double Number(const std::string& text) {
-  Double value = 0;
-  const auto end = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (end.ec != std::errc() || end.ptr != text.data() + text.size()) {
-    throw std::runtime_error("not a number: " + text);
-  }
-  return value;
-}
-
 /// The numbers of a line, between `least` and `most` of them.
 std::vector<Double> Numbers(const std::string& text, std::size_t least, std::size_t most) {
   std::vector<Double> numbers;
-  for (const std::string& word : Words(text)) numbers.push_back(Number(word));
+  for (const std::string& word : Words(text)) numbers.push_back(WordAsNumber(word));
   if (numbers.size() < least || numbers.size() > most) throw std::runtime_error("wrong number of values");
   return numbers;
 }
