@@ -1,8 +1,8 @@
-#include "effects.h"
+#include "assets/sounds/effects.h"
 
 #include <array>
 
-#include "instruments.h"
+#include "assets/sounds/instruments.h"
 
 namespace sons {
 namespace {

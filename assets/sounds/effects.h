@@ -1,9 +1,10 @@
+// The sounds of the game, each a recipe for the synthesizer.
 #pragma once
 
 #include <span>
 #include <string_view>
 
-#include "wave.h"
+#include "assets/sounds/wave.h"
 
 namespace sons {
 
@@ -13,7 +14,7 @@ struct Effect {
   Wave (*recipe)();
 };
 
-// Every sound of the game. They share one pentatonic scale, so any two may overlap without grating.
+/// Every sound of the game. They share one pentatonic scale, so any two may overlap without grating.
 std::span<const Effect> Effects();
 
 }  // namespace sons

@@ -1,4 +1,4 @@
-#include "instruments.h"
+#include "assets/sounds/instruments.h"
 
 #include <algorithm>
 #include <cmath>

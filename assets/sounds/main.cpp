@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <iostream>
 
-#include "effects.h"
-#include "wave.h"
+#include "assets/sounds/effects.h"
+#include "assets/sounds/wave.h"
 
 int main(int argc, char** argv) {
   if (argc != 2) {

@@ -1,4 +1,4 @@
-#include "wave.h"
+#include "assets/sounds/wave.h"
 
 #include <algorithm>
 #include <cmath>

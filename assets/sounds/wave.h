@@ -1,3 +1,4 @@
+// Samples in memory, how they are mixed, and the file that they end in.
 #pragma once
 
 #include <cstddef>
@@ -8,10 +9,10 @@ namespace sons {
 
 inline constexpr int kSampleRate = 44100;  // samples per second
 
-// A sound in the making: one channel, any scale until Finish() brings it to its final level.
+/// A sound in the making: one channel, any scale until Finish() brings it to its final level.
 using Wave = std::vector<double>;
 
-// One ingredient of a mix, starting `at` seconds into it.
+/// One ingredient of a mix, starting `at` seconds into it.
 struct Layer {
   Wave wave;
   double gain = 1.0;
@@ -20,20 +21,20 @@ struct Layer {
 
 Wave Silence(double seconds);
 
-// Time of a sample, in seconds from the start.
+/// Time of a sample, in seconds from the start.
 double TimeOf(std::size_t index);
 
-// From 0 to 1 as x does, along half a cosine: flat at both ends, so the joint with silence is inaudible.
+/// From 0 to 1 as x does, along half a cosine: flat at both ends, so the joint with silence is inaudible.
 double SmoothStep(double x);
 
-// As long as its longest layer.
+/// As long as its longest layer.
 Wave Mix(const std::vector<Layer>& layers);
 
-// Makes a sound safe to play from any moment: no offset, no click at either end, highest sample at
-// `peak_db` (decibels below full scale, so negative).
+/// Makes a sound safe to play from any moment: no offset, no click at either end, highest sample at
+/// `peak_db` (decibels below full scale, so negative).
 Wave Finish(Wave wave, double peak_db);
 
-// Writes 16 bit mono RIFF; throws std::runtime_error when the file cannot be written whole.
+/// Writes 16 bit mono RIFF; raises std::runtime_error when the file cannot be written whole.
 void WriteWav(const Wave& wave, const std::filesystem::path& path);
 
 }  // namespace sons
