@@ -1,15 +1,10 @@
 #include "stage/canvas.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace stage {
 namespace {
-
-// Enough for every picture of a level at the largest displays; a level of odd sizes starts over.
-constexpr std::size_t kMostPicturePixels = 6'000'000;
-constexpr std::size_t kMostTexts = 128;
-// A picture larger than this is drawn at this size and enlarged while copying.
-constexpr int kLargestDrawing = 2048;
 
 constexpr Pixel kWhole = 256;
 
@@ -36,56 +31,11 @@ Meeting Meet(int place, int length, Pixel offset) {
   return {std::max(place - 1, 0), std::min(place, length - 1), kWhole - offset, covered};
 }
 
-/// Fonts that stand for the design fonts.
-std::string_view FileName(const Font& font) {
-  if (font.name == "Verdana") return "DejaVuSans-Bold";
-  return font.bold ? "LiberationSans-Bold" : "LiberationSans-Regular";
-}
-
 }  // namespace
 
 Pixel PixelOf(Long colour) {
   const auto value = static_cast<std::uint32_t>(std::int64_t(colour));
   return (value & 255U) << 16 | (value & 0xFF00U) | ((value >> 16) & 255U);
-}
-
-std::shared_ptr<const Bitmap> Drawings::Of(const Picture& picture, PixelSize size) {
-  size = {std::clamp(size.width, 1, kLargestDrawing), std::clamp(size.height, 1, kLargestDrawing)};
-  if (const auto found = pictures_.find({&picture, size}); found != pictures_.end()) return found->second;
-  auto drawn = std::make_shared<const Bitmap>(artist_.Draw(picture.svg, size));
-  picture_pixels_ += drawn->pixels.size();
-  if (picture_pixels_ > kMostPicturePixels) {
-    pictures_.clear();
-    picture_pixels_ = drawn->pixels.size();
-  }
-  pictures_[{&picture, size}] = drawn;
-  return drawn;
-}
-
-std::shared_ptr<const Coverage> Drawings::Of(const Font& font, Double scale, const std::string& text) {
-  const Face face = FaceFor(font, scale);
-  auto& kept = texts_[{face.file.data(), face.pixels, text}];
-  if (kept) return kept;
-  auto written = std::make_shared<const Coverage>(artist_.Write(face, text));
-  kept = written;
-  if (texts_.size() > kMostTexts) texts_.clear();
-  return written;
-}
-
-int Drawings::TextWidth(const Font& font, Double scale, std::string_view text) {
-  return artist_.TextWidth(FaceFor(font, scale), text);
-}
-
-int Drawings::FontHeight(const Font& font, Double scale) {
-  constexpr Double kPixelsPerPoint = 96.0 / 72;
-  return std::max(1, static_cast<int>(std::lround(font.points * kPixelsPerPoint * scale)));
-}
-
-Face Drawings::FaceFor(const Font& font, Double scale) const {
-  for (const Asset& asset : assets_) {
-    if (asset.name == FileName(font)) return {asset.bytes, FontHeight(font, scale)};
-  }
-  return {};
 }
 
 Canvas Canvas::Within(const TwipRect& area) const { return WithinPixels(viewport_.ToPixels(area)); }

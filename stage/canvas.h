@@ -1,48 +1,17 @@
 // Painting into the part of a framebuffer that has changed.
 #pragma once
 
-#include <map>
-#include <memory>
 #include <string>
-#include <tuple>
 
-#include "stage/artist.h"
-#include "stage/picture.h"
+#include "stage/drawings.h"
 
 namespace stage {
-
-/// A font by its design name ("Arial", "MS Sans Serif", "Verdana") and its height in points.
-struct Font {
-  std::string_view name = "MS Sans Serif";
-  Single points = 9.75F;
-  bool bold = false;
-};
 
 enum class Align { kLeft, kCenter, kRight };
 
 /// Colours with red in the low byte, then green, then blue, as programs of forms write them.
 constexpr Long Rgb(int red, int green, int blue) { return red + green * 256 + blue * 65536; }
 Pixel PixelOf(Long colour);
-
-/// Drawings and lines of text as last made, kept as long as they are few enough to be worth it.
-class Drawings {
- public:
-  Drawings(Artist& artist, std::span<const Asset> assets) : artist_(artist), assets_(assets) {}
-
-  std::shared_ptr<const Bitmap> Of(const Picture& picture, PixelSize size);
-  std::shared_ptr<const Coverage> Of(const Font& font, Double scale, const std::string& text);
-  int TextWidth(const Font& font, Double scale, std::string_view text);
-  static int FontHeight(const Font& font, Double scale);
-
- private:
-  Face FaceFor(const Font& font, Double scale) const;
-
-  Artist& artist_;
-  std::span<const Asset> assets_;
-  std::map<std::tuple<const Picture*, PixelSize>, std::shared_ptr<const Bitmap>> pictures_;
-  std::size_t picture_pixels_ = 0;
-  std::map<std::tuple<const char*, int, std::string>, std::shared_ptr<const Coverage>> texts_;
-};
 
 /// A framebuffer with a clip. Places are in twips of the screen.
 class Canvas {

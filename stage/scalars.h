@@ -4,17 +4,13 @@
 #include <concepts>
 #include <cstdint>
 #include <limits>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
 
-namespace stage {
+#include "stage/errors.h"
 
-/// A statement that failed: a number out of range, a control that does not exist, a file that cannot be read.
-class RuntimeError : public std::runtime_error {
-  using std::runtime_error::runtime_error;
-};
+namespace stage {
 
 using Single = float;
 using Double = double;
@@ -62,18 +58,5 @@ Double Val(std::string_view text);
 
 /// The shortest decimal text that reads back as `value`, without exponent.
 std::string DecimalText(Double value);
-
-/// Runs each statement in turn; one that raises RuntimeError is dropped and the next one runs.
-template <class... Statements>
-void ResumeNext(Statements&&... statements) {
-  const auto attempt = [](auto&& statement) {
-    try {
-      statement();
-    } catch (const RuntimeError&) {
-      return;
-    }
-  };
-  (attempt(statements), ...);
-}
 
 }  // namespace stage
