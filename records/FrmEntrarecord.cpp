@@ -1,6 +1,6 @@
 #include "records/FrmEntrarecord.h"
 
-#include "records/store.h"
+#include "records/codepage.h"
 #include "stage/events.h"
 
 namespace korvane {
@@ -23,7 +23,7 @@ FrmEntrarecord::FrmEntrarecord(Programa& dono)
              "Digite o seu nome e tecle enter:"),
       Text1(Picture1, {240, 2040, 4350, 555}, {{"MS Sans Serif", 18, true}, Rgb(255, 255, 255)}, "Text1",
             kMaisLetras) {
-  Text1.Accepts = CabeNoRecord;
+  Text1.Accepts = TemNaPagina;
 }
 
 void FrmEntrarecord::Form_Load() { Image2.Picture = OnStage().Pictures.Named("abertura"); }

@@ -10,6 +10,7 @@ namespace korvane {
 std::string ParaPagina(std::string_view utf8);
 /// Bytes that stand for nothing are left out.
 std::string DaPagina(std::string_view bytes);
+/// Whether a name can hold the character.
 bool TemNaPagina(char32_t letra);
 
 }  // namespace korvane

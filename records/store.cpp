@@ -138,6 +138,4 @@ void GravaRecords(Module1& modulo) {
   if (falta.empty() || Grava(Arquivo(modulo, "kv_his.old"), falta)) Grava(arquivo, tabela);
 }
 
-bool CabeNoRecord(char32_t letra) { return TemNaPagina(letra); }
-
 }  // namespace korvane

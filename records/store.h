@@ -22,7 +22,4 @@ void GravaRecords(Module1& modulo);
 void LeTabela(Module1& modulo, std::string_view bytes);
 std::string TextoDaTabela(Module1& modulo);
 
-/// Whether the records file can hold the character.
-bool CabeNoRecord(char32_t letra);
-
 }  // namespace korvane

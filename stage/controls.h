@@ -92,7 +92,8 @@ class Control {
     if (const ClickHandler click = Click) click();  // a copy: it may end its control
   }
 
-  /// Brings the control to the front of the images and labels of its form. Only position 0 is known.
+  /// Brings the control to the front of the images and labels of its form. Only position 0 is known;
+  /// any other raises RuntimeError.
   void ZOrder(Integer position);
   /// Asks for painting; the beat that runs ends with it.
   void Refresh() { Changing(); }

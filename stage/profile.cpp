@@ -32,9 +32,9 @@ std::string_view TakeLine(std::string_view& rest) {
 
 bool IsSection(std::string_view line) { return Trimmed(line).starts_with('['); }
 
-bool OpensSection(std::string_view line, std::string_view section) {
+std::string_view SectionOf(std::string_view line) {
   const std::string_view text = Trimmed(line);
-  return IsSection(line) && SameName(Trimmed(text.substr(1, text.find(']') - 1)), section);
+  return Trimmed(text.substr(1, text.find(']') - 1));
 }
 
 /// Where in the text a key's value stands, or where the section ends that should hold it.
@@ -53,7 +53,7 @@ Place Find(std::string_view text, std::string_view section, std::string_view key
     const auto start = static_cast<std::size_t>(line.data() - text.data());
     if (IsSection(line)) {
       if (place.section) break;
-      place.section = OpensSection(line, section);
+      place.section = SameName(SectionOf(line), section);
     } else if (place.section) {
       const std::size_t equals = line.find('=');
       if (equals != std::string_view::npos && SameName(Trimmed(line.substr(0, equals)), key)) {
@@ -74,10 +74,11 @@ std::string TextOf(std::string_view file) {
 
 }  // namespace
 
-ProfileValue FindProfileValue(std::string_view text, std::string_view section, std::string_view key) {
+std::optional<std::string_view> FindProfileValue(std::string_view text, std::string_view section,
+                                                 std::string_view key) {
   const Place place = Find(text, section, key);
-  if (!place.key) return {};
-  return {true, Trimmed(text.substr(place.from, place.to - place.from))};
+  if (!place.key) return std::nullopt;
+  return Trimmed(text.substr(place.from, place.to - place.from));
 }
 
 std::string WithProfileValue(std::string_view text, std::string_view section, std::string_view key,
@@ -98,8 +99,7 @@ std::string GetPrivateProfileStringA(std::string_view section, std::string_view 
                                      std::string_view fallback, std::size_t size, std::string_view file) {
   std::string text;
   ResumeNext([&] { text = TextOf(file); });
-  const ProfileValue found = FindProfileValue(text, section, key);
-  return std::string((found.found ? found.value : fallback).substr(0, size - 1));
+  return std::string(FindProfileValue(text, section, key).value_or(fallback).substr(0, size - 1));
 }
 
 void WritePrivateProfileStringA(std::string_view section, std::string_view key, std::string_view value,

@@ -1,6 +1,7 @@
 // Initialisation files: sections in brackets, keys with values. Names are found whatever their case.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,12 +17,9 @@ std::string GetPrivateProfileStringA(std::string_view section, std::string_view 
 void WritePrivateProfileStringA(std::string_view section, std::string_view key, std::string_view value,
                                 std::string_view file);
 
-/// The value of a key in the text of a file; nothing is `found` if it is not there.
-struct ProfileValue {
-  bool found = false;
-  std::string_view value;
-};
-ProfileValue FindProfileValue(std::string_view text, std::string_view section, std::string_view key);
+/// The value of a key in the text of a file, if it is there.
+std::optional<std::string_view> FindProfileValue(std::string_view text, std::string_view section,
+                                                 std::string_view key);
 std::string WithProfileValue(std::string_view text, std::string_view section, std::string_view key,
                              std::string_view value);
 

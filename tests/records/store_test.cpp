@@ -230,7 +230,7 @@ TEST(CodePage, IsTheSystemsOwn) {
   }
   iconv_close(from);
   for (const char32_t lacking : {U'\u0081', U'\u0100', U'\u0301', U'Ω', U'😀'}) {
-    EXPECT_FALSE(CabeNoRecord(lacking)) << unsigned(lacking);
+    EXPECT_FALSE(TemNaPagina(lacking)) << unsigned(lacking);
   }
   EXPECT_EQ(ParaPagina("aΩ\"😀"), "a?'?");
 }

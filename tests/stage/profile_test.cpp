@@ -33,7 +33,7 @@ TEST(Profile, WritingAValueKeepsEveryOtherByte) {
     SCOPED_TRACE(change.what);
     const std::string after = stage::WithProfileValue(change.before, "SETUP", "Vkorv", "420");
     EXPECT_EQ(after, change.after);
-    EXPECT_EQ(stage::FindProfileValue(after, "SETUP", "Vkorv").value, "420");
+    EXPECT_EQ(stage::FindProfileValue(after, "SETUP", "Vkorv"), "420");
     EXPECT_EQ(stage::WithProfileValue(after, "SETUP", "Vkorv", "420"), after);
   }
 }
