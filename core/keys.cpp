@@ -23,9 +23,7 @@ void game::Form_Click() {
 void game::Box_Click(Integer) { Form_Click(); }
 void game::statusbar_Click() { Form_Click(); }
 
-void game::Image1_Click() {
-  BolaPresa = false;
-}
+void game::Image1_Click() { BolaPresa = false; }
 
 void game::Form_KeyDown(Integer KeyCode, Integer Shift) {
   if (KeyCode == kA && Shift == stage::kCtrl) SaltaFase();

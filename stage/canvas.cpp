@@ -113,18 +113,14 @@ void Canvas::DrawBetween(TwipPoint corner, const Picture& picture, PixelSize siz
 void Canvas::Write(const TwipRect& rect, const Font& font, const std::string& text, Pixel colour,
                    Align align) const {
   if (text.empty()) return;
-  const PixelRect place = viewport_.ToPixels(rect);
+  const PixelRect place = drawings_.PlaceOf(font, viewport_, rect, align, text);
+  const PixelRect part = place.Cut(clip_);
   const auto words = drawings_.Of(font, viewport_.Scale(), text);
-  const int spare = place.Width() - words->size.width;
-  const int indent = align == Align::kLeft ? 0 : align == Align::kRight ? spare : spare / 2;
-  const int left = place.left + indent;
-  const PixelRect part =
-      PixelRect{left, place.top, left + words->size.width, place.top + words->size.height}.Cut(clip_);
   for (int y = part.top; y < part.bottom; ++y) {
     const std::uint8_t* const line = words->alpha.data() + std::ptrdiff_t(y - place.top) * words->size.width;
     Pixel* const row = target_.Row(y);
     for (int x = part.left; x < part.right; ++x) {
-      const Pixel alpha = line[x - left];
+      const Pixel alpha = line[x - place.left];
       row[x] = Mix(row[x], colour, alpha + (alpha >> 7));
     }
   }

@@ -7,8 +7,6 @@
 
 namespace stage {
 
-enum class Align { kLeft, kCenter, kRight };
-
 /// Colours with red in the low byte, then green, then blue, as programs of forms write them.
 constexpr Long Rgb(int red, int green, int blue) { return red + green * 256 + blue * 65536; }
 Pixel PixelOf(Long colour);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "stage/form.h"
+#include "stage/stage.h"
 
 namespace stage {
 
@@ -172,12 +173,28 @@ Label::Label(Container& container, const Design& design, const Style& style, std
       ForeColor(this, style.colour),
       FontSize(this, style.font.points) {}
 
-void Label::Paint(const Canvas& canvas) const {
+Font Label::FontThatFits(const Viewport& viewport) const {
+  constexpr Single kLittle = 0.97F;
+  Drawings& drawings = GetContainer().Owner().OnStage().Painting().Made();
+  const int room = Control::Pixels(viewport).Width();
   Font font = style_.font;
   font.points = Single(FontSize);
-  const TwipRect area = Area();
-  (style_.fit_to_text ? canvas : canvas.Within(area))
-      .Write(area, font, Caption, PixelOf(ForeColor), style_.align);
+  if (style_.fit_to_text) return font;
+  while (font.points > 1 && drawings.TextWidth(font, viewport.Scale(), Caption.Get()) > room) {
+    font.points *= kLittle;
+  }
+  return font;
+}
+
+void Label::Paint(const Canvas& canvas) const {
+  canvas.Write(Area(), FontThatFits(canvas.View()), Caption, PixelOf(ForeColor), style_.align);
+}
+
+PixelRect Label::Pixels(const Viewport& viewport) const {
+  Drawings& drawings = GetContainer().Owner().OnStage().Painting().Made();
+  const PixelRect area = Control::Pixels(viewport);
+  if (Caption.Get().empty()) return area;
+  return area.Join(drawings.PlaceOf(FontThatFits(viewport), viewport, Area(), style_.align, Caption));
 }
 
 PictureBox::PictureBox(Container& container, const Design& design)

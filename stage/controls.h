@@ -162,17 +162,21 @@ struct Style {
   Font font;
   Long colour = Rgb(0, 0, 0);
   Align align = Align::kLeft;
-  bool fit_to_text = false;  // text may stand out of the label to the right
+  bool fit_to_text = false;  // the text may be longer than the label
 };
 
-/// One line of text on whatever lies beneath.
+/// One line of text on whatever lies beneath. A line too long for the label is written smaller, unless
+/// the label fits to its text; one too high stands out of it below.
 class Label : public Control {
  public:
   Label(Container& container, const Design& design, const Style& style, std::string caption);
 
   void Paint(const Canvas& canvas) const override;
+  PixelRect Pixels(const Viewport& viewport) const override;
 
  private:
+  Font FontThatFits(const Viewport& viewport) const;
+
   Style style_;
 
  public:

@@ -43,6 +43,16 @@ std::shared_ptr<const Coverage> Drawings::Of(const Font& font, Double scale, con
   return written;
 }
 
+PixelRect Drawings::PlaceOf(const Font& font, const Viewport& viewport, const TwipRect& rect, Align align,
+                            const std::string& text) {
+  const PixelRect place = viewport.ToPixels(rect);
+  const PixelSize size = Of(font, viewport.Scale(), text)->size;
+  const int spare = place.Width() - size.width;
+  const int indent = align == Align::kLeft ? 0 : align == Align::kRight ? spare : spare / 2;
+  const int left = place.left + indent;
+  return {left, place.top, left + size.width, place.top + size.height};
+}
+
 int Drawings::TextWidth(const Font& font, Double scale, std::string_view text) {
   return artist_.TextWidth(FaceFor(font, scale), text);
 }

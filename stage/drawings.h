@@ -18,6 +18,8 @@ struct Font {
   bool bold = false;
 };
 
+enum class Align { kLeft, kCenter, kRight };
+
 /// Drawings and lines of text as last made, kept as long as they are few enough to be worth it.
 /// Sizes are in display pixels; `scale` is how many of them a line of the design resolution has.
 class Drawings {
@@ -26,6 +28,9 @@ class Drawings {
 
   std::shared_ptr<const Bitmap> Of(const Picture& picture, PixelSize size);
   std::shared_ptr<const Coverage> Of(const Font& font, Double scale, const std::string& text);
+  /// Where a text lies that is written into `rect` from its top. It may be larger.
+  PixelRect PlaceOf(const Font& font, const Viewport& viewport, const TwipRect& rect, Align align,
+                    const std::string& text);
   int TextWidth(const Font& font, Double scale, std::string_view text);
   static int FontHeight(const Font& font, Double scale);
 

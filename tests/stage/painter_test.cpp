@@ -20,7 +20,7 @@ TEST(Painting, OfChangesEqualsPaintingAnew) {
     });
     Image ball(*form, {0, 0, 225, 225}, bench.theatre.Pictures.Named("Imageball0"), false);
     const Glide glide(ball);
-    Label label(*form, {5000, 5000, 2000, 400}, {{"Arial", 18, true}, Rgb(255, 0, 0), Align::kRight}, "0");
+    Label label(*form, {5000, 5000, 700, 120}, {{"Arial", 18, true}, Rgb(255, 0, 0), Align::kRight}, "0");
     PictureBox box(*form, {3000, 3000, 900, 300});
     Image inside(box, {-15, 0, 1005, 270}, bench.theatre.Pictures.Named("barra"), true);
     bench.theatre.Show(form, kModeless);
@@ -52,7 +52,7 @@ TEST(Painting, OfChangesEqualsPaintingAnew) {
           ball.Top = Single(ball.Top - 70);
           break;
         case 5:
-          label.Caption = std::to_string(step);
+          label.Caption = "J" + std::to_string(step);
           break;
         case 6:
           box.Left = any(12000);
@@ -89,6 +89,34 @@ TEST(Painting, ShowsOnlyWhatHasChanged) {
   bench.theatre.PaintNow();
   EXPECT_EQ(bench.platform.TakePresented(),
             (std::vector<PixelRect>{{200, 200, 215, 215}, {400, 200, 415, 215}}));
+}
+
+/// Characters of a line as they are seen: columns with something in them, and none between.
+int SeenApart(const std::vector<Pixel>& pixels, int width) {
+  int apart = 0;
+  bool before = false;
+  for (int x = 0; x < width; ++x) {
+    bool lit = false;
+    for (std::size_t i = std::size_t(x); i < pixels.size(); i += std::size_t(width))
+      lit = lit || pixels[i] != 0;
+    apart += lit && !before ? 1 : 0;
+    before = lit;
+  }
+  return apart;
+}
+
+TEST(Painting, LabelsShowTheirTextWhole) {
+  for (const Align align : {Align::kLeft, Align::kCenter, Align::kRight}) {
+    for (const Double scale : {1.0, 1.8, 3.6}) {
+      Bench bench({12000, 9000}, scale);
+      bench.platform.Look(true);
+      const auto form = std::make_shared<NotingForm>(bench.theatre);
+      const Label label(*form, {6000, 3000, 1335, 345}, {{"Verdana", 20, true}, Rgb(255, 255, 0), align},
+                        "126085");
+      bench.theatre.Show(form, kModeless);
+      EXPECT_EQ(SeenApart(bench.Pixels(), bench.platform.DisplaySize().width), 6) << "at scale " << scale;
+    }
+  }
 }
 
 TEST(Painting, PutsTheScreenInTheMiddleOfOddDisplays) {
