@@ -46,7 +46,7 @@ std::string Invariants::Broken(game& jogo, const stage::Form* active) {
       {"the ball across", jogo.BolaPresa || in(jogo.ball.Left, -200, jogo.Palco.Screen.Width + 200.0)},
       {"the ball up and down", in(jogo.ball.Top, -farthest, jogo.User.Top + farthest)},
       {"block 0", !jogo.Box(0).Visible},
-      {"the carrier's index", in(jogo.ProximoBox, 1, jogo.Module1.TipoBox.kCount - 1)},
+      {"the carrier's index", in(jogo.ProximoBox, 1, decltype(jogo.Module1.TipoBox)::kCount - 1)},
   };
   for (const auto& rule : rules) {
     if (!rule.holds) return rule.what;
