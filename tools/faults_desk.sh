@@ -120,7 +120,7 @@ help_closed() {
 
 lose_game() {
   field_is_gone && return
-  hand mousemove 5 300 click 1 mousemove 790 300
+  hand mousemove 5 300 sleep 0.1 click 1 mousemove 790 300  # the held ball has followed when it is launched
   sleep 0.7
   field_is_gone
 }
