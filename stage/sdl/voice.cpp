@@ -90,14 +90,13 @@ Voice::~Voice() {
   if (opening_.valid() && opening_.wait_until(end) == std::future_status::ready) open_ = opening_.get();
   quiet_->End();
   if (!open_) return;
-  auto shut = [sounds = std::move(sounds_)]() mutable {
-    Mix_HaltChannel(-1);
-    sounds.clear();
-    Mix_CloseAudio();
-    SDL_QuitSubSystem(SDL_INIT_AUDIO);
-  };
   try {
-    Beside(std::move(shut)).wait_until(end);
+    Beside([sounds = std::move(sounds_)]() mutable {
+      Mix_HaltChannel(-1);
+      sounds.clear();
+      Mix_CloseAudio();
+      SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    }).wait_until(end);
   } catch (const std::system_error&) {
     return;  // the device closes with the program
   }

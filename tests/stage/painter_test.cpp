@@ -97,8 +97,7 @@ int SeenApart(const std::vector<Pixel>& pixels, int width) {
   bool before = false;
   for (int x = 0; x < width; ++x) {
     bool lit = false;
-    for (std::size_t i = std::size_t(x); i < pixels.size(); i += std::size_t(width))
-      lit = lit || pixels[i] != 0;
+    for (auto i = std::size_t(x); i < pixels.size(); i += std::size_t(width)) lit = lit || pixels[i] != 0;
     apart += lit && !before ? 1 : 0;
     before = lit;
   }
