@@ -44,7 +44,7 @@ void Container::TakeChangesOfControls(const Viewport& viewport, bool moved, Regi
 
 void Container::PaintControls(const Canvas& canvas) const {
   for (const Control* control : layers_) {
-    if (control->Visible && canvas.Touches(control->Pixels(canvas.View()))) control->Paint(canvas);
+    if (canvas.Touches(control->Painted())) control->Paint(canvas);
   }
 }
 

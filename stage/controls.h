@@ -43,7 +43,7 @@ class Container {
   /// The topmost visible control at a point of the screen, also inside picture boxes.
   Control* At(TwipPoint point) const;
   void TakeChangesOfControls(const Viewport& viewport, bool moved, Region& changed) const;
-  /// Paints the controls on an interior that is already clear.
+  /// Paints the controls, as their changes were last taken, on an interior that is already clear.
   void PaintControls(const Canvas& canvas) const;
 
  private:
@@ -107,6 +107,8 @@ class Control {
   /// Adds the pixels to paint anew since the last call: where the control was and where it is. `moved` tells
   /// that its container has moved.
   void TakeChanges(const Viewport& viewport, bool moved, Region& changed);
+  /// The pixels that it lay on then; none if it was not shown.
+  const PixelRect& Painted() const { return painted_; }
 
  private:
   Container& container_;
