@@ -173,15 +173,16 @@ Label::Label(Container& container, const Design& design, const Style& style, std
       ForeColor(this, style.colour),
       FontSize(this, style.font.points) {}
 
+Drawings& Label::Made() const { return GetContainer().Owner().OnStage().Painting().Made(); }
+
 Font Label::FontThatFits(const Viewport& viewport) const {
-  constexpr Single kLittle = 0.97F;
-  Drawings& drawings = GetContainer().Owner().OnStage().Painting().Made();
+  constexpr Single kSmaller = 0.97F;
   const int room = Control::Pixels(viewport).Width();
   Font font = style_.font;
   font.points = Single(FontSize);
   if (style_.fit_to_text) return font;
-  while (font.points > 1 && drawings.TextWidth(font, viewport.Scale(), Caption.Get()) > room) {
-    font.points *= kLittle;
+  while (font.points > 1 && Made().TextWidth(font, viewport.Scale(), Caption.Get()) > room) {
+    font.points *= kSmaller;
   }
   return font;
 }
@@ -191,10 +192,9 @@ void Label::Paint(const Canvas& canvas) const {
 }
 
 PixelRect Label::Pixels(const Viewport& viewport) const {
-  Drawings& drawings = GetContainer().Owner().OnStage().Painting().Made();
   const PixelRect area = Control::Pixels(viewport);
   if (Caption.Get().empty()) return area;
-  return area.Join(drawings.PlaceOf(FontThatFits(viewport), viewport, Area(), style_.align, Caption));
+  return area.Join(Made().PlaceOf(FontThatFits(viewport), viewport, Area(), style_.align, Caption));
 }
 
 PictureBox::PictureBox(Container& container, const Design& design)

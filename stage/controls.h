@@ -177,6 +177,7 @@ class Label : public Control {
   PixelRect Pixels(const Viewport& viewport) const override;
 
  private:
+  Drawings& Made() const;
   Font FontThatFits(const Viewport& viewport) const;
 
   Style style_;

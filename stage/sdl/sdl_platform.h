@@ -71,7 +71,7 @@ class SdlPlatform : public Platform {
   std::unique_ptr<SDL_Window, DestroyWindow> window_;
   int connection_ = -1;
   Artist artist_;
-  std::optional<Voice> voice_;
+  std::optional<Voice> voice_;  // opened once there is a window
   std::deque<Event> events_;
   Moment polled_{};
 };

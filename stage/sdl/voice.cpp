@@ -37,8 +37,7 @@ Mix_Chunk* Load(const std::filesystem::path& file) {
   }
 }
 
-/// Runs `act` beside the program. Nobody has to wait for its end. Raises
-/// std::system_error.
+/// Runs `act` beside the program. Nobody has to wait for its end. Raises std::system_error.
 template <class Act>
 auto Beside(Act act) {
   std::packaged_task<std::invoke_result_t<Act>()> task(std::move(act));
