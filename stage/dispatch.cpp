@@ -17,7 +17,7 @@ std::shared_ptr<Form> Stage::FormUnderPointer() const {
 }
 
 void Stage::Handle(const PointerMoved& event) {
-  pointer_ = painter_.View().ToTwips(event.x, event.y);
+  pointer_ = painter_.View().ToTwips({event.x, event.y});
   const auto form = FormUnderPointer();
   if (!form) return;
   Control* const control = form->At(pointer_);

@@ -50,8 +50,12 @@ PixelRect Viewport::ToPixelsAround(TwipPoint corner, PixelSize size) const {
 
 int Viewport::Length(Double twips) const { return Nearest(twips / kTwipsPerPixel * scale_); }
 
-TwipPoint Viewport::ToTwips(Double x, Double y) const {
-  return {(x - left_) * kTwipsPerPixel / scale_, (y - top_) * kTwipsPerPixel / scale_};
+TwipPoint Viewport::ToTwips(PixelPlace place) const {
+  const auto nearest = [](Double twips, Double end) {
+    return std::clamp(twips, 0.0, std::nextafter(end, 0.0));
+  };
+  return {nearest((place.x - left_) * kTwipsPerPixel / scale_, screen_.Width),
+          nearest((place.y - top_) * kTwipsPerPixel / scale_, screen_.Height)};
 }
 
 }  // namespace stage

@@ -96,7 +96,9 @@ class Viewport {
   PixelSize NaturalSize(PixelSize design) const {
     return {Length(design.width * kTwipsPerPixel), Length(design.height * kTwipsPerPixel)};
   }
-  TwipPoint ToTwips(Double x, Double y) const;
+  /// The place of the screen nearest to a place of the display; one of those that a form of the whole screen
+  /// contains, also for what lies beside the screen.
+  TwipPoint ToTwips(PixelPlace place) const;
 
  private:
   ScreenSize screen_;

@@ -18,7 +18,11 @@ ScriptedPlatform::ScriptedPlatform(ScriptedSetup setup, Artist& artist)
 void ScriptedPlatform::Send(Event event) { events_.push_back(std::move(event)); }
 
 void ScriptedPlatform::MoveTo(Double x, Double y) {
-  pointer_ = {x * setup_.scale / kTwipsPerPixel, y * setup_.scale / kTwipsPerPixel};
+  MoveToPixel(Viewport(setup_.screen, DisplaySize()).ToPlace({x, y}));
+}
+
+void ScriptedPlatform::MoveToPixel(PixelPlace place) {
+  pointer_ = {place.x, place.y};
   Send(pointer_);
 }
 
@@ -34,6 +38,7 @@ void ScriptedPlatform::Rescale(Double scale) {
 }
 
 PixelSize ScriptedPlatform::DisplaySize() {
+  if (setup_.display != PixelSize{}) return setup_.display;
   const auto pixels = [&](Single twips) {
     return static_cast<int>(std::lround(twips / kTwipsPerPixel * setup_.scale));
   };

@@ -11,14 +11,16 @@
 namespace stage {
 
 struct ScriptedSetup {
-  ScreenSize screen;
+  ScreenSize screen{};
   /// Display pixels to one line of the design resolution.
   Double scale = 1;
   Double seconds_of_day = 43200;
-  std::filesystem::path folder;
+  std::filesystem::path folder{};
   int refresh_rate = 0;
   /// The folder that the program was installed to, if it was.
   std::filesystem::path installed{};
+  /// Pixels of the display; with none given the screen fills it at that scale.
+  PixelSize display{};
 };
 
 class ScriptedPlatform : public Platform {
@@ -32,6 +34,8 @@ class ScriptedPlatform : public Platform {
   void Send(Event event);
   /// The pointer moves to a place in twips of the screen.
   void MoveTo(Double x, Double y);
+  /// The pointer moves to a place of the display.
+  void MoveToPixel(PixelPlace place);
   void Pass(Moment time) { now_ += time; }
   /// Time passes to the next whole multiple of `beat`.
   void PassTo(Moment beat) { now_ = (now_ / beat + 1) * beat; }

@@ -31,15 +31,10 @@ class Mesa {
  public:
   /// Files of the program's folder by name. Without any there is one quiet level.
   explicit Mesa(const std::map<std::string, std::string>& files = {{"levels/1.sav", kQuietLevel}},
-                stage::ScreenSize screen = {}, stage::Double scale = 1, int refresh_rate = 0,
-                const std::filesystem::path& installed = {}) {
+                stage::ScriptedSetup setup = {}) {
     for (const auto& [name, content] : files) WriteFile(folder.Path() / name, content);
-    setup_.screen = screen;
-    setup_.scale = scale;
-    setup_.refresh_rate = refresh_rate;
-    setup_.folder = folder.Path();
-    setup_.installed = installed;
-    platform.emplace(setup_, artist);
+    setup.folder = folder.Path();
+    platform.emplace(setup, artist);
     programa.emplace(*platform, Assets());
     platform->Director = [this] {
       if (programa->Palco.ActiveForm()->Name() == "game") throw Ready{};
@@ -80,7 +75,6 @@ class Mesa {
 
  private:
   struct Ready {};
-  stage::ScriptedSetup setup_;
 };
 
 }  // namespace tests

@@ -83,5 +83,38 @@ TEST_F(Paddle, StaysWhereItIsOverTheBallAndItsIndicator) {
   EXPECT_EQ(jogo.User.Left, left);
 }
 
+/// Displays that are sold, and some that are wider or narrower than the screen can be.
+constexpr stage::PixelSize kDisplays[] = {
+    {800, 600},   {1024, 600},  {1024, 768},  {1280, 720},  {1280, 800},  {1280, 1024}, {1360, 768},
+    {1366, 768},  {1440, 900},  {1600, 900},  {1680, 1050}, {1920, 1080}, {1920, 1200}, {2160, 1440},
+    {2256, 1504}, {2560, 1080}, {2560, 1440}, {2880, 1800}, {3024, 1964}, {3440, 1440}, {3456, 2234},
+    {3840, 1100}, {3840, 1600}, {3840, 2160}, {5120, 1440}, {5120, 2160}, {7680, 4320}, {900, 1440},
+    {1080, 1920}, {1000, 1000}, {5760, 1080}, {7680, 1440}};
+
+TEST(PaddleOnAnyDisplay, FollowsThePointerToTheEdgesAndCorners) {
+  for (const stage::PixelSize& display : kDisplays) {
+    const auto [width, height] = display;
+    const stage::ScreenSize screen = stage::ScreenFor(display);
+    Mesa mesa({{"levels/1.sav", kQuietLevel}}, {.screen = screen, .display = display});
+    game& jogo = mesa.Jogo();
+    const Double shown = std::min<Double>(width, height * 32.0 / 9);
+    const Double twips_of_a_pixel = screen.Width / shown;
+    for (const int x : {0, width / 2, width - 1}) {
+      for (const int y : {0, height / 2, height - 1}) {
+        SCOPED_TRACE(testing::Message() << width << 'x' << height << " at " << x << ',' << y);
+        jogo.BolaPresa = true;
+        jogo.User.Left = 3000;
+        mesa.platform->MoveToPixel({Double(x), Double(y)});
+        mesa.Click();
+        mesa.Do();
+        const Double place = (x - (width - shown) / 2) * twips_of_a_pixel / jogo.InteriorUnits().x;
+        const Double limit = screen.Width - jogo.User.Width;
+        EXPECT_NEAR(jogo.User.Left, std::clamp(place, 0.0, limit), twips_of_a_pixel);
+        EXPECT_FALSE(jogo.BolaPresa);
+      }
+    }
+  }
+}
+
 }  // namespace
 }  // namespace tests

@@ -24,7 +24,8 @@ const std::map<std::string, std::string> kFiles{{"levels/1.sav", FullLevel()}};
 /// A full level on a display of 1920 x 1080 that somebody looks at; nothing is painted yet.
 class SeenMesa : public Mesa {
  public:
-  explicit SeenMesa(int refresh_rate = 0) : Mesa(kFiles, {16000, 9000}, 1.8, refresh_rate) {
+  explicit SeenMesa(int refresh_rate = 0)
+      : Mesa(kFiles, {.screen = {16000, 9000}, .scale = 1.8, .refresh_rate = refresh_rate}) {
     platform->Look(true);
     Do();
   }

@@ -13,7 +13,8 @@ using Files = std::map<std::string, std::string>;
 /// A table with this as level 2, which has been loaded in series `serie`.
 struct Loaded {
   explicit Loaded(const std::string& second, Integer serie = 0, stage::ScreenSize screen = {})
-      : mesa(Files{{"levels/1.sav", kQuietLevel}, {"levels/2.sav", second}}, screen), jogo(mesa.Jogo()) {
+      : mesa(Files{{"levels/1.sav", kQuietLevel}, {"levels/2.sav", second}}, {.screen = screen}),
+        jogo(mesa.Jogo()) {
     mesa.platform->Director = [this] {
       message = dynamic_cast<stage::Dialog&>(*mesa.Palco().ActiveForm()).Message();
       mesa.Press(13);
@@ -136,7 +137,7 @@ TEST(Loader, ScalesEachAxisByTheScreenToTheNearestEvenWhole) {
                         {{16000, 9000}, "", 981, 0},           {{16000, 9000}, "widths", 981, 0},
                         {{16000, 9000}, "left", 24575, 32767}, {{24000, 9000}, "left", -16384, -32768}};
   for (const Case& each : cases) {
-    Mesa mesa({{"levels/1.sav", kQuietLevel}}, each.screen);
+    Mesa mesa({{"levels/1.sav", kQuietLevel}}, {.screen = each.screen});
     EXPECT_EQ(mesa.Jogo().Redimensionar(each.key, each.value), each.scaled) << each.key << ' ' << each.value;
   }
   Loaded outside("600,24577,250,480,5\n", 0, {16000, 9000});
@@ -171,7 +172,7 @@ TEST(Progression, OnlyHardBlocksLeftEndALevel) {
 TEST(Loader, WithoutAnyLevelTheProgramEndsInOrder) {
   const tools::TempFolder empty;
   stage::sdl::Artist artist;
-  stage::ScriptedPlatform platform({{}, 1, 43200, empty.Path()}, artist);
+  stage::ScriptedPlatform platform({.folder = empty.Path()}, artist);
   Programa programa(platform, Assets());
   int messages = 0;
   platform.Director = [&] {

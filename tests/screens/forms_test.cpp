@@ -63,7 +63,7 @@ TEST(Screens, CloseByTheirKeysAndNoOthers) {
 
 TEST(Screens, CloseByAClickAnywhereOrNowhere) {
   for (const Screen& screen : kScreens) {
-    Mesa mesa({{"levels/1.sav", kQuietLevel}}, {16000, 9000});
+    Mesa mesa({{"levels/1.sav", kQuietLevel}}, {.screen = {16000, 9000}});
     std::vector<std::pair<Double, Double>> places;
     for (int x = 10; x < 16000; x += 999) {
       for (int y = 10; y < 9000; y += 499) places.emplace_back(x, y);

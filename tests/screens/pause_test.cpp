@@ -63,7 +63,8 @@ TEST(Pause, ShowsItsOwnPixelsOverTheField) {
   for (const Double scale : {1.0, 1.37, 1.8, 3.6, 0.5}) {
     SCOPED_TRACE(scale);
     // A block lies behind the sign.
-    Mesa mesa({{"levels/1.sav", "pisca,0,500,10,0\r\n4300,4500,1200,3000,5\r\n"}}, {16000, 9000}, scale);
+    Mesa mesa({{"levels/1.sav", "pisca,0,500,10,0\r\n4300,4500,1200,3000,5\r\n"}},
+              {.screen = {16000, 9000}, .scale = scale});
     mesa.platform->Look(true);
     mesa.Beats(1);
     mesa.Palco().Repaint();

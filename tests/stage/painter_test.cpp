@@ -121,8 +121,8 @@ TEST(Painting, LabelsShowTheirTextWhole) {
 TEST(Painting, PutsTheScreenInTheMiddleOfOddDisplays) {
   const Viewport view({12000, 9000}, {1000, 600});
   EXPECT_EQ(view.Area(), (PixelRect{100, 0, 900, 600}));
-  EXPECT_NEAR(view.ToTwips(100, 0).x, 0, 1e-9);
-  EXPECT_NEAR(view.ToTwips(900, 600).x, 12000, 1e-9);
+  EXPECT_NEAR(view.ToTwips({100, 0}).x, 0, 1e-9);
+  EXPECT_NEAR(view.ToTwips({900, 600}).x, 12000, 1e-9);
 }
 
 }  // namespace

@@ -69,7 +69,7 @@ TEST_F(Installed, AFileOfThePlayersWinsAndAMissingOneFallsBack) {
 }
 
 TEST_F(Installed, LevelsOfBothFoldersMakeOneSeries) {
-  Mesa mesa({{"levels/1.sav", HardBlocks(1)}, {"levels/3.sav", HardBlocks(3)}}, {}, 1, 0, Share());
+  Mesa mesa({{"levels/1.sav", HardBlocks(1)}, {"levels/3.sav", HardBlocks(3)}}, {.installed = Share()});
   game& jogo = mesa.Jogo();
   std::string series;
   for (; jogo.Serie == 0; jogo.passafase()) {
@@ -87,7 +87,7 @@ TEST_F(Installed, SoundsAreLookedForLikeLevels) {
     path played;
   };
   stage::sdl::Artist artist;
-  Listening platform({{}, 1, 0, Own(), 0, Share()}, artist);
+  Listening platform({.folder = Own(), .installed = Share()}, artist);
   Programa programa(platform, Assets());
   const auto play = [&] {
     programa.Palco.sndPlaySoundA(programa.Palco.AppPath() + "\\sons\\lad.wav");
