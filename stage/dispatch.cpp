@@ -18,6 +18,8 @@ std::shared_ptr<Form> Stage::FormUnderPointer() const {
 
 void Stage::Handle(const PointerMoved& event) {
   pointer_ = painter_.View().ToTwips({event.x, event.y});
+  const auto set = std::exchange(pointer_set_, std::nullopt);
+  if (set && event.x == set->x && event.y == set->y) return;
   const auto form = FormUnderPointer();
   if (!form) return;
   Control* const control = form->At(pointer_);

@@ -84,10 +84,8 @@ PixelPoint ScriptedPlatform::PointerPlace() {
 }
 
 void ScriptedPlatform::MovePointer(PixelPoint place) {
-  const PixelPoint now = PointerPlace();
-  if (now.x == place.x && now.y == place.y) return;
-  pointer_ = {Double(place.x), Double(place.y)};
-  Send(pointer_);
+  std::erase_if(events_, [](const Event& event) { return std::holds_alternative<PointerMoved>(event); });
+  MoveToPixel({Double(place.x), Double(place.y)});
 }
 
 void ScriptedPlatform::PlaySound(const std::filesystem::path& file) {

@@ -21,15 +21,23 @@ void Stage::Run() {
 }
 
 void Stage::DoEvents() {
-  while (const auto event = platform_.NextEvent()) Dispatch(*event);
+  while (!Returning()) {
+    const auto event = platform_.NextEvent();
+    if (!event) break;
+    Dispatch(*event);
+  }
   CloseForms();
   glides_.Beat();
   timers_.RunDue();
 }
 
+bool Stage::Returning() const { return quitting_ || (!modal_.empty() && !modal_.back()->Loaded()); }
+
 void Stage::Wait() {
-  PaintNow();
-  platform_.Wait(std::min(timers_.NextBeat(), glides_.NextRefresh()), Wake::kOnInput);
+  if (!quitting_) {
+    PaintNow();
+    platform_.Wait(std::min(timers_.NextBeat(), glides_.NextRefresh()), Wake::kOnInput);
+  }
   DoEvents();
 }
 
@@ -42,9 +50,13 @@ void Stage::Show(const std::shared_ptr<Form>& form, Modality modality) {
   forms_.push_back(form);
   form->shown_ = true;
   form->Changing();
-  if (modality == kModal) modal_.push_back(form.get());
+  if (modality == kModeless) return form->Form_Activate();
+  struct Modal {
+    Modal(std::vector<const Form*>& all, const Form& form) : all_(all) { all_.push_back(&form); }
+    ~Modal() { all_.pop_back(); }
+    std::vector<const Form*>& all_;
+  } const modal(modal_, *form);
   form->Form_Activate();
-  if (modality == kModeless) return;
   while (form->Loaded()) Wait();
 }
 
@@ -55,7 +67,6 @@ void Stage::Unload(Form& form) {
   form.shown_ = false;
   timers_.StopAllOf(form);
   Damage(form.painted_);
-  std::erase(modal_, &form);
   std::erase_if(forms_, [&](const auto& shown) { return shown.get() == &form; });
 }
 
@@ -104,6 +115,12 @@ Long Stage::ShowCursor(bool shown) {
   cursor_counter_ = cursor_counter_ + (shown ? 1 : -1);
   platform_.ShowPointer(cursor_counter_ >= 0);
   return cursor_counter_;
+}
+
+void Stage::SetCursorPos(PixelPoint place) {
+  platform_.MovePointer(place);
+  pointer_ = painter_.View().ToTwips({Double(place.x), Double(place.y)});
+  pointer_set_ = place;
 }
 
 std::filesystem::path Stage::FileToRead(std::string_view name) const {

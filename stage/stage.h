@@ -78,12 +78,15 @@ class Stage {
   Long CursorCounter() const { return cursor_counter_; }
   /// In display pixels.
   PixelPoint GetCursorPos() { return platform_.PointerPlace(); }
-  void SetCursorPos(PixelPoint place) { platform_.MovePointer(place); }
+  /// No form hears of the move: it is not the player's.
+  void SetCursorPos(PixelPoint place);
   /// Starts a sound file, named with backslashes, and returns at once.
   void sndPlaySoundA(std::string_view file);
 
  private:
   void Wait();
+  /// The modal form shown last is gone, or the session ends: input that waits is for what comes then.
+  bool Returning() const;
   void CloseForms();
   void Dispatch(const Event& event);
   void Handle(const PointerMoved& event);
@@ -102,8 +105,9 @@ class Stage {
   GlideSet glides_;
   Painter painter_;
   FormList forms_;
-  std::vector<const Form*> modal_;
+  std::vector<const Form*> modal_;  // those whose Show has not returned
   TwipPoint pointer_;
+  std::optional<PixelPoint> pointer_set_;  // where the program has put it, until that is reported
   Long cursor_counter_ = 0;
   bool touched_ = false;
   bool quitting_ = false;

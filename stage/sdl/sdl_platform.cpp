@@ -3,6 +3,7 @@
 #include <SDL.h>
 #include <poll.h>
 
+#include <algorithm>
 #include <cmath>
 #include <ctime>
 #include <memory>
@@ -21,6 +22,8 @@ std::string TakeString(char* text) {
   const std::unique_ptr<char, decltype(&SDL_free)> owned(text, SDL_free);
   return owned ? std::string(owned.get()) : std::string();
 }
+
+bool IsMove(const Event& event) { return std::holds_alternative<PointerMoved>(event); }
 
 int Rounded(Double value) { return static_cast<int>(std::lround(value)); }
 
@@ -96,8 +99,7 @@ void SdlPlatform::Poll() {
     auto translated = Translate(event);
     if (!translated) continue;
     // Of a run of moves only the last place counts.
-    const bool move = std::holds_alternative<PointerMoved>(*translated);
-    if (move && !events_.empty() && std::holds_alternative<PointerMoved>(events_.back())) events_.pop_back();
+    if (IsMove(*translated) && !events_.empty() && IsMove(events_.back())) events_.pop_back();
     events_.push_back(*std::move(translated));
   }
 }
@@ -201,6 +203,10 @@ PixelPoint SdlPlatform::PointerPlace() {
 void SdlPlatform::MovePointer(PixelPoint place) {
   const Scale scale = PixelsOfAPoint();
   SDL_WarpMouseInWindow(window_.get(), Rounded(place.x / scale.x), Rounded(place.y / scale.y));
+  Poll();
+  const auto last = std::find_if(events_.rbegin(), events_.rend(), IsMove);
+  if (last == events_.rend()) return;
+  events_.erase(std::remove_if(events_.begin(), std::next(last).base(), IsMove), std::next(last).base());
 }
 
 std::string SdlPlatform::Clipboard() { return TakeString(SDL_GetClipboardText()); }

@@ -87,37 +87,49 @@ TEST(Screens, CloseByAClickAnywhereOrNowhere) {
 }
 
 TEST(Screens, LeaveThePaddleAndTheBallWhereTheyWere) {
+  constexpr Single kCentred = 5509.5F;  // where a lost ball has put the paddle, with the pointer elsewhere
   for (const int opened_by : {112, 80, 19}) {
     for (const bool flying : {false, true}) {
-      Mesa mesa;
-      game& jogo = mesa.Jogo();
-      mesa.platform->MoveTo(3000, 6500);
-      mesa.Beats(2);
-      if (flying) mesa.Click();
-      mesa.Beats(2);
-      const auto places = [&] {
-        return std::array<Double, 3>{jogo.User.Left, jogo.ball.Left, jogo.ball.Top};
-      };
-      const auto before = places();
-      const auto away = [&] {
-        EXPECT_TRUE(jogo.paused);
-        EXPECT_EQ(mesa.Palco().CursorCounter(), -1);
-        mesa.platform->MoveTo(9000, 6000);
-      };
-      const Move wait = [&] { mesa.platform->PassTo(stage::kBeat); };
-      const auto back = [&] {
-        EXPECT_EQ(places(), before);
-        mesa.Press(27);
-      };
-      mesa.Press(opened_by);
-      Play(mesa, {away, wait, wait, wait, back}, [&] { mesa.Do(); });
-      mesa.Do();
-      EXPECT_EQ(places()[0], before[0]);
-      EXPECT_EQ(mesa.platform->PointerPlace().x, 200);
-      EXPECT_FALSE(jogo.paused);
-      EXPECT_EQ(jogo.BolaPresa, !flying);
-      mesa.Beats(1);
-      EXPECT_EQ(places() != before, flying);
+      for (const bool moves_away : {false, true}) {
+        SCOPED_TRACE(testing::Message()
+                     << opened_by << (flying ? " flying" : "") << (moves_away ? " moves" : ""));
+        Mesa mesa;
+        game& jogo = mesa.Jogo();
+        mesa.platform->MoveTo(3000, 6500);
+        mesa.Beats(2);
+        jogo.User.Left = kCentred;
+        mesa.Beats(1);
+        if (flying) mesa.Click();
+        mesa.Beats(2);
+        const auto places = [&] {
+          return std::array<Double, 3>{jogo.User.Left, jogo.ball.Left, jogo.ball.Top};
+        };
+        const auto before = places();
+        const auto away = [&] {
+          EXPECT_TRUE(jogo.paused);
+          EXPECT_EQ(mesa.Palco().CursorCounter(), -1);
+          if (moves_away) mesa.platform->MoveTo(9000, 6000);
+        };
+        const Move wait = [&] { mesa.platform->PassTo(stage::kBeat); };
+        const auto back = [&] {
+          EXPECT_EQ(places(), before);
+          mesa.Press(27);
+          if (moves_away) mesa.platform->MoveTo(9500, 6000);
+        };
+        mesa.Press(opened_by);
+        Play(mesa, {away, wait, wait, wait, back}, [&] { mesa.Do(); });
+        mesa.Do();
+        EXPECT_EQ(places()[0], before[0]);
+        EXPECT_EQ(mesa.platform->PointerPlace().x, 200);
+        EXPECT_FALSE(jogo.paused);
+        EXPECT_EQ(jogo.BolaPresa, !flying);
+        mesa.Beats(1);
+        EXPECT_EQ(places() != before, flying);
+        // The next move of the hand counts again.
+        mesa.platform->MoveTo(3000, 6500);
+        mesa.Do();
+        EXPECT_NEAR(jogo.User.Left, 3000 / 0.99375, 0.01);
+      }
     }
   }
 }
