@@ -35,6 +35,7 @@ void game::Form_Load() {
   LeVelocidade();
   programa.game.Show();
   paused = true;
+  Palco.ForgetInput();  // nobody has seen the help yet
   ResumeNext([&] { programa.FrmHelp.Show(stage::kModal); });
   paused = false;
   Timer_Move.Enabled = true;

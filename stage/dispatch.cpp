@@ -8,6 +8,22 @@ void Stage::Dispatch(const Event& event) {
   std::visit([this](const auto& kind) { Handle(kind); }, event);
 }
 
+void Stage::ForgetInput() {
+  while (const auto event = platform_.NextEvent()) {
+    if (const auto* const pointer = std::get_if<PointerMoved>(&*event)) {
+      Locate(*pointer);
+    } else if (std::holds_alternative<DisplayChanged>(*event)) {
+      Handle(DisplayChanged{});
+    } else if (std::holds_alternative<CloseAsked>(*event) || std::holds_alternative<QuitAsked>(*event)) {
+      Handle(QuitAsked{});
+    }
+  }
+}
+
+void Stage::Locate(const PointerMoved& pointer) {
+  pointer_ = painter_.View().ToTwips({pointer.x, pointer.y});
+}
+
 std::shared_ptr<Form> Stage::FormUnderPointer() const {
   for (auto form = forms_.rbegin(); form != forms_.rend(); ++form) {
     if ((*form)->Interior().Contains(pointer_)) return *form;
@@ -17,7 +33,7 @@ std::shared_ptr<Form> Stage::FormUnderPointer() const {
 }
 
 void Stage::Handle(const PointerMoved& event) {
-  pointer_ = painter_.View().ToTwips({event.x, event.y});
+  Locate(event);
   const auto set = std::exchange(pointer_set_, std::nullopt);
   if (set && event.x == set->x && event.y == set->y) return;
   const auto form = FormUnderPointer();

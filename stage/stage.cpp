@@ -119,7 +119,7 @@ Long Stage::ShowCursor(bool shown) {
 
 void Stage::SetCursorPos(PixelPoint place) {
   platform_.MovePointer(place);
-  pointer_ = painter_.View().ToTwips({Double(place.x), Double(place.y)});
+  Locate({Double(place.x), Double(place.y)});
   pointer_set_ = place;
 }
 

@@ -28,6 +28,8 @@ class Stage {
   [[noreturn]] static void End();
   /// Blocks the whole program; nothing is painted and no event runs.
   void Sleep(std::chrono::milliseconds time);
+  /// Keys, text and clicks that wait reach no form. If the system wants to close one, all of them close.
+  void ForgetInput();
 
   // Forms. Their names (FormName) and they themselves call these.
 
@@ -89,6 +91,7 @@ class Stage {
   bool Returning() const;
   void CloseForms();
   void Dispatch(const Event& event);
+  void Locate(const PointerMoved& pointer);
   void Handle(const PointerMoved& event);
   void Handle(const PointerPressed& event);
   void Handle(const KeyPressed& event);

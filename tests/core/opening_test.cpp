@@ -1,0 +1,55 @@
+// What the player does before there is anything to see but the opening.
+#include <gtest/gtest.h>
+
+#include "tests/mesa.h"
+
+namespace tests {
+namespace {
+
+/// The program with these events waiting from its first second on.
+class Abertura {
+ public:
+  explicit Abertura(const std::vector<stage::Event>& early) {
+    WriteFile(folder_.Path() / "levels" / "1.sav", kQuietLevel);
+    for (const stage::Event& event : early) platform.Send(event);
+  }
+  /// Runs it up to its first wait for input, or to its end; true if it waits.
+  bool WaitsAfterStart() {
+    struct Waits {};
+    platform.Director = [] { throw Waits{}; };
+    try {
+      programa.Corre();
+      return false;
+    } catch (const Waits&) {
+      return true;
+    }
+  }
+
+ private:
+  tools::TempFolder folder_;
+  stage::sdl::Artist artist_;
+
+ public:
+  stage::ScriptedPlatform platform{{.folder = folder_.Path()}, artist_};
+  Programa programa{platform, Assets()};
+};
+
+TEST(Opening, KeysAndClicksAreForgottenWithIt) {
+  Abertura abertura({stage::KeyPressed{13}, stage::KeyReleased{13}, stage::KeyPressed{32},
+                     stage::TextTyped{" "}, stage::PointerMoved{200, 100}, stage::PointerPressed{},
+                     stage::PointerPressed{}});
+  ASSERT_TRUE(abertura.WaitsAfterStart());
+  EXPECT_EQ(abertura.programa.Palco.ActiveForm()->Name(), "FrmHelp");
+  const game& jogo = *abertura.programa.game.Last();
+  EXPECT_TRUE(jogo.BolaPresa);
+  EXPECT_FALSE(jogo.timerDefine.Enabled);
+}
+
+TEST(Opening, CanBeClosed) {
+  for (const stage::Event& early : {stage::Event(stage::CloseAsked{}), stage::Event(stage::QuitAsked{})}) {
+    EXPECT_FALSE(Abertura({early}).WaitsAfterStart());
+  }
+}
+
+}  // namespace
+}  // namespace tests
