@@ -17,16 +17,22 @@ void TimerSet::RunDue() {
 }
 
 Timer* TimerSet::Next(Moment beat) {
-  while (only_) {
-    const auto free = std::ranges::find_if(*only_, [](const Timer* timer) { return !timer->Ticking(); });
-    if (free == only_->end()) return nullptr;
+  while (only_ && only_->beat == beat) {
+    auto& timers = only_->timers;
+    const auto free = std::ranges::find_if(timers, [](const Timer* timer) { return !timer->Ticking(); });
+    if (free == timers.end()) return nullptr;
     Timer* const timer = *free;
-    only_->erase(free);
+    timers.erase(free);
     if (timer->Enabled) return timer;
   }
   const auto due = std::ranges::find_if(
       timers_, [&](const Timer* timer) { return timer->Waiting() && timer->DueAt() <= beat; });
   return due == timers_.end() ? nullptr : *due;
+}
+
+Moment TimerSet::Present() const {
+  const Moment now = platform_.Now();
+  return beat_ == BeatAtOrBefore(now) ? *beat_ : now;
 }
 
 void TimerSet::Run(Timer& timer, Moment beat) {

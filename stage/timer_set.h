@@ -27,8 +27,9 @@ class TimerSet {
   /// The beat on which the next timer comes due; at the latest an hour from now. It may have come already, if
   /// that was after the last call of RunDue.
   Moment NextBeat() const;
-  /// The moment that what happens now counts from: the beat inside a tick, the clock elsewhere.
-  Moment Present() const { return beat_ ? *beat_ : platform_.Now(); }
+  /// The moment that what happens now counts from: inside a tick its beat, until the clock has gone on to the
+  /// next; the clock elsewhere.
+  Moment Present() const;
   /// An event from outside runs, also when a tick is under way.
   class Outside {
    public:
@@ -42,11 +43,16 @@ class TimerSet {
     std::optional<Moment> beat_;
   };
 
-  /// For repeatable play: only these tick from now on, once each, in this order, due or not. Nothing lifts
-  /// that.
-  void Only(std::optional<std::deque<Timer*>> timers) { only_ = std::move(timers); }
+  /// For repeatable play: on the next beat only these tick, once each, in this order, due or not.
+  void OnlyOnNextBeat(std::deque<Timer*> timers) {
+    only_ = Only{BeatAtOrBefore(platform_.Now()) + kBeat, std::move(timers)};
+  }
 
  private:
+  struct Only {
+    Moment beat;
+    std::deque<Timer*> timers;
+  };
   Timer* Next(Moment beat);
   void Run(Timer& timer, Moment beat);
 
@@ -54,7 +60,7 @@ class TimerSet {
   std::vector<Timer*> timers_;
   Moment last_beat_{};
   std::optional<Moment> beat_;
-  std::optional<std::deque<Timer*>> only_;
+  std::optional<Only> only_;
 };
 
 }  // namespace stage

@@ -64,6 +64,25 @@ TEST_F(Timers, StartAnewWhenTurnedOnOrPaced) {
   EXPECT_EQ(timer.Interval, 0);
 }
 
+TEST_F(Timers, TurnedOnInATickThatWaitedStartFromThatMoment) {
+  Counting late(*form, 5000, false);
+  Timer waiting(*form, 10, true);
+  waiting.Tick = [&] {
+    waiting.Enabled = false;
+    bench.theatre.MsgBox("wait");
+    late.Enabled = true;
+  };
+  bench.platform.Director = [&] {
+    bench.platform.Pass(std::chrono::seconds(20));
+    bench.platform.Send(KeyPressed{key::kEnter});
+  };
+  bench.Beats(1);
+  bench.Beats(319);
+  EXPECT_EQ(late.ticks, 0);
+  bench.Beats(1);
+  EXPECT_EQ(late.ticks, 1);
+}
+
 TEST_F(Timers, OfOthersTickInsideAYieldAndNeverInTheirOwn) {
   std::string order;
   Timer first(*form, 10, true);

@@ -61,4 +61,16 @@ TEST(Replay, TicksOnlyTheTimersThatABeatNames) {
       "{\"ball.Top\":7900}\n{\"ball.Top\":7700}\n{\"ball.Top\":7700}\n{\"ball.Top\":7500,\"t\":1062.5}\n");
 }
 
+TEST(Replay, ABeatNamesItsTimersUntilTheNextAlsoUnderABox) {
+  // The last ball is lost within the beat; blocks would blink on the same one.
+  const std::string lost =
+      "start\nkey 27\nset Vidas 1\nset ball.Top 9000\nset BolaPresa 0\nset TimerPisca.Interval 1\n"
+      "set TimerPisca.Enabled -1\nbeat Timer_Move\nget form EstadoPisca\n";
+  EXPECT_EQ(Play(lost + "key 13\nget form EstadoPisca\nkey 13\nget form EstadoPisca"),
+            "{\"form\":\"MsgBox\",\"EstadoPisca\":0}\n{\"form\":\"FrmMostraRecords\",\"EstadoPisca\":0}\n"
+            "{\"form\":\"game\",\"EstadoPisca\":0}\n");
+  EXPECT_EQ(Play(lost + "beats 1\nget form EstadoPisca"),
+            "{\"form\":\"MsgBox\",\"EstadoPisca\":0}\n{\"form\":\"MsgBox\",\"EstadoPisca\":-1}\n");
+}
+
 }  // namespace

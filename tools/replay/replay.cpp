@@ -119,8 +119,6 @@ void Replay::Start() {
 }
 
 void Replay::Direct() {
-  stage::TimerSet& timers = played_->programa.Palco.Timers();
-  timers.Only(std::nullopt);
   bool proceed = false;
   while (beats_ == 0 && !proceed) {
     Line line;
@@ -210,7 +208,7 @@ void Replay::OnlyTimers(const std::string& rest) {
     timers.push_back(names.FindTimer(word));
     if (timers.back() == nullptr) throw std::runtime_error("no such timer: " + word);
   }
-  played_->programa.Palco.Timers().Only(timers);
+  played_->programa.Palco.Timers().OnlyOnNextBeat(std::move(timers));
 }
 
 void Replay::Set(const std::string& rest) {
