@@ -14,7 +14,7 @@ constexpr int kTentativas = 3;
 }  // namespace
 
 void game::TimerBonusParado_Timer() {
-  if (!Box.Exists(ProximoBox)) return;  // no level stands
+  if (!TemFechamento) return;
   if (BonusExcluido == kTodosBarrados) return;
   BonusParado = kNenhum;
   stage::Image& fecho = Box(ProximoBox);

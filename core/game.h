@@ -69,6 +69,8 @@ class game : public stage::Form {
   Integer Serie;
   /// Index of the element that carries the parked bonus, one above the last block.
   Integer ProximoBox;
+  /// That element has been made; a level that cannot be read to its end has none.
+  Flag TemFechamento;
   /// Code of the falling bonus, -1 for none.
   Integer BonusCaindo;
   /// Code of the parked bonus, 0 for none.

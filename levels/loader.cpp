@@ -75,6 +75,7 @@ void game::CriaFechamento() {
   Box(ProximoBox).Stretch = false;
   Box(ProximoBox).Visible = false;
   Module1.TipoBox(ProximoBox) = kFechamento;
+  TemFechamento = true;
 }
 
 void game::TodosCompletados(Integer num) {

@@ -9,6 +9,7 @@ void game::clearall() {
     ResumeNext([&] { Box.Unload(i); }, [&] { Module1.TipoBox(i) = 0; });
   }
   ProximoBox = 1;
+  TemFechamento = false;
   RepoeBola();
 }
 

@@ -89,6 +89,26 @@ TEST(Loader, TakesWhatCannotBeReadAsTheEndOfTheSeries) {
   }
 }
 
+TEST(Loader, ALevelThatBreaksOffInTheLastSeriesParksNoBonus) {
+  std::string blocks;
+  for (int i = 0; i < 599; ++i) blocks += "600,1000,250,480,3\n";
+  for (const std::string& text :
+       {blocks, blocks + "600,1000,250,480,3\n", blocks.substr(0, 19) + "1,1,250,480,23\n"}) {
+    SCOPED_TRACE(text.size());
+    Loaded table(text, 3);
+    game& jogo = table.jogo;
+    EXPECT_EQ(table.message, "Todos os niveis completados");
+    const bool visible = jogo.Box(jogo.ProximoBox).Visible;
+    jogo.BolaPresa = false;
+    for (int tick = 0; tick < 2; ++tick) {
+      table.mesa.Palco().Draws.Prepared() = {0, 0.5F, 0.5F};  // the ball of kind 1, in the middle
+      jogo.TimerBonusParado_Timer();
+      EXPECT_EQ(jogo.Box(jogo.ProximoBox).Visible, visible);
+      EXPECT_EQ(jogo.BonusParado, 0);
+    }
+  }
+}
+
 TEST(Loader, FollowsTheRules) {
   struct Case {
     const char* text;
