@@ -97,10 +97,8 @@ std::string OQueFazFalta(const std::filesystem::path& arquivo, std::string_view 
 void LeTabela(Module1& modulo, std::string_view bytes) {
   stage::FieldReader campos(AteLinhaLonga(bytes));
   for (Integer r = 1; r <= kRecords; r = r + 1) {
-    const std::string nome = DaPagina(Campo(campos));
-    const Double pontos = stage::NumberOf(Campo(campos));
-    modulo.RecNome(r) = nome;
-    modulo.RecPontos(r) = pontos;
+    modulo.RecNome(r) = DaPagina(Campo(campos));
+    modulo.RecPontos(r) = stage::NumberOf(Campo(campos));
   }
 }
 

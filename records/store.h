@@ -17,8 +17,8 @@ void Getrecords(Module1& modulo);
 /// stderr.
 void GravaRecords(Module1& modulo);
 
-/// Fills the table from the text of a records file. Raises RuntimeError at the first damage; the rows before
-/// it are in the table then.
+/// Fills the table from the text of a records file. Raises RuntimeError at the first damage; what stands
+/// before it is in the table then, the name of a row whose score is damaged too.
 void LeTabela(Module1& modulo, std::string_view bytes);
 std::string TextoDaTabela(Module1& modulo);
 

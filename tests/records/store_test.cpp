@@ -90,7 +90,6 @@ TEST_F(Store, ReadsWhatItCanAndKeepsWhatIsDamaged) {
     for (int r = int(first.size()) + 1; r <= 10; ++r) first.emplace_back("N" + std::to_string(r), 200 - r);
     return first;
   };
-  const Rows none;
   const std::string n998(998, 'n');
   const Form forms[] = {
       {"own form", RowsFrom(1), rows({})},
@@ -107,13 +106,13 @@ TEST_F(Store, ReadsWhatItCanAndKeepsWhatIsDamaged) {
       {"longest line", Row(n998, "1") + RowsFrom(2), rows({{n998, 1}})},
       {"line too long", Row("a", "1") + Row(n998 + "n", "2") + RowsFrom(3), {{"a", 1}}, true},
       {"row too long", Row("a", "1") + "\"" + n998 + "\",2\r\n" + RowsFrom(3), {{"a", 1}}, true},
-      {"ends early", Row("a", "1") + "\"b\"\r\n", {{"a", 1}}, true},
-      {"ends inside a name", Row("a", "1") + "\"b", {{"a", 1}}, true},
-      {"score no number", Row("a", "1") + Row("b", "2x") + RowsFrom(3), {{"a", 1}}, true},
-      {"score a word", Row("a", "many") + RowsFrom(2), none, true},
+      {"ends early", Row("a", "1") + "\"b\"\r\n", {{"a", 1}, {"b", 0}}, true},
+      {"ends inside a name", Row("a", "1") + "\"b", {{"a", 1}, {"b", 0}}, true},
+      {"score no number", Row("a", "1") + Row("b", "2x") + RowsFrom(3), {{"a", 1}, {"b", 0}}, true},
+      {"score a word", Row("a", "many") + RowsFrom(2), {{"a", 0}}, true},
       {"score past all bounds",
        Row("a", "1") + Row("b", std::string(400, '9')) + RowsFrom(3),
-       {{"a", 1}},
+       {{"a", 1}, {"b", 0}},
        true},
       {"only line ends", "\r\n\r\n\r\n", {}, true},
       {"noise", std::string(70'000, '\0'), {}, true}};
