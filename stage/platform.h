@@ -54,8 +54,8 @@ class Platform {
   virtual void ShowPointer(bool shown) = 0;
   /// In display pixels.
   virtual PixelPoint PointerPlace() = 0;
-  /// The move is reported like one of the hand, also one to where the pointer is already. Moves made before it
-  /// are reported no more.
+  /// The move is reported like one of the hand, also one to where the pointer is already. Moves made before
+  /// it are reported no more.
   virtual void MovePointer(PixelPoint place) = 0;
 
   /// Starts a sound file and returns at once; what still plays is cut off. A file that cannot be played is

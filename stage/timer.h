@@ -10,9 +10,11 @@ namespace stage {
 
 class Form;
 
-/// Ticks on the beats of the stage, no sooner than Interval ms after the tick before. Ticks do not queue, and
-/// a timer does not tick inside its own running tick. Turning it on, or writing Interval while it is on,
-/// starts a new wait. Interval 0 never ticks; one outside 0 to 65535 raises RuntimeError.
+/// Comes due on the first beat of the stage that lies at least Interval ms after the beat of its last tick.
+/// Ticks run as soon after their beat as the program gets to it: behind a late one the next may follow in
+/// less than Interval ms. They do not queue, and a timer does not tick inside its own running tick. Turning
+/// it on, or writing Interval while it is on, starts a new wait. Interval 0 never ticks; one outside 0 to
+/// 65535 raises RuntimeError.
 class Timer {
  public:
   Timer(Form& form, Long interval, bool enabled);
