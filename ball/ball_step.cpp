@@ -100,7 +100,7 @@ void game::RepoeBola() {
   ball.Left = Single(ball.Width / 2 + User.Left);
   BolaPresa = true;
   VelX = 0;
-  VelY = -Module1.Vkorv;
+  ResumeNext([&] { VelY = -Module1.Vkorv; });
 }
 
 bool game::LimpaFase() {

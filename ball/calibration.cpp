@@ -15,8 +15,9 @@ void game::timerDefine_Timer() {
       timerDefine.Enabled = false;
       const auto agora = Single(Double(Palco.Timer()) * 100);
       const auto tempo = Single(Double(agora) - TempoInicial);
-      Vkorv = CInt(Single(Vkorv) * (tempo / Single(kCentesimosCertos)));
-      VelY = -Vkorv;
+      const Integer nova = CInt(Single(Vkorv) * (tempo / Single(kCentesimosCertos)));
+      VelY = -nova;
+      Vkorv = nova;
       GravaIni("SETUP", "Vkorv", std::to_string(Vkorv), Module1.AppPath + "\\config.ini");
     } else {
       VelX = 0;

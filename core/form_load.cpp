@@ -93,7 +93,7 @@ void game::LeVelocidade() {
   ResumeNext([&] { Vkorv = CInt(Val(LeIni("SETUP", "Vkorv", Module1.AppPath + "\\config.ini"))); });
   if (Vkorv == 0) Vkorv = kVelocidadeNormal;
   VelX = 0;
-  VelY = -Vkorv;
+  ResumeNext([&] { VelY = -Vkorv; });
 }
 
 void game::Form_Unload() {

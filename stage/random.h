@@ -21,8 +21,10 @@ class Random {
     constexpr int kSpareBits = 8;  // a Single holds 24 bits
     return Single(generator_() >> kSpareBits) * 0x1p-24F;
   }
+  /// Two that seed alike, one after the other, draw differently.
   void Randomize(Single seed) {
-    if (!fixed_) generator_.seed(std::bit_cast<std::uint32_t>(seed));
+    if (!fixed_)
+      generator_.seed(std::bit_cast<std::uint32_t>(seed) ^ static_cast<std::uint32_t>(generator_()));
   }
 
   /// For repeatable play: seeds the draws for good; Randomize has no effect from then on.

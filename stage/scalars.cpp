@@ -27,13 +27,17 @@ Long CLng(Double value) { return Nearest<Long, std::int32_t>(value); }
 Double Int(Double value) { return std::floor(value); }
 
 Double Val(std::string_view text) {
-  std::string number;
+  std::string number;  // with its sign
   bool point = false;
   for (const char c : text) {
-    if (IsBlank(c) || (c == '+' && number.empty())) continue;
-    const bool sign = c == '-' && number.empty();
+    if (IsBlank(c)) continue;
+    if (number.empty()) {
+      const bool sign = c == '-' || c == '+';
+      number = c == '-' ? '-' : '+';
+      if (sign) continue;
+    }
     const bool first_point = c == '.' && !point;
-    if (!sign && !first_point && !IsDigit(c)) break;
+    if (!first_point && !IsDigit(c)) break;
     point = point || first_point;
     number += c;
   }

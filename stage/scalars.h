@@ -26,6 +26,8 @@ class Checked {
     if (!std::in_range<Raw>(value)) throw RuntimeError("overflow");
   }
   constexpr operator Wide() const { return raw_; }  // NOLINT: reads like a plain number
+  /// The lowest number has no opposite.
+  constexpr Checked operator-() const { return -Wide{raw_}; }
 
  private:
   Raw raw_ = 0;
@@ -52,8 +54,8 @@ Long CLng(Double value);
 /// The largest whole number not above `value`.
 Double Int(Double value);
 
-/// The decimal number at the start of `text`; 0 if there is none. Blanks do not count, what follows is
-/// ignored.
+/// The decimal number at the start of `text`, with one sign at most; 0 if there is none. Blanks do not count,
+/// what follows is ignored.
 Double Val(std::string_view text);
 
 /// The shortest decimal text that reads back as `value`, without exponent.

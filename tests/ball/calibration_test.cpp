@@ -43,6 +43,7 @@ TEST(Calibration, ScalesTheStepByTheTimeTaken) {
                               {"no time at all", 300, 43200, 43200, 0},
                               {"longest", 300, 100, 127.25, 32700},
                               {"too long", 300, 100, 127.5, 300, false},
+                              {"without an opposite", 256, 43200, 43168, 256, false},
                               {"past midnight", 300, 86399.75, 0.25, 300, false},
                               {"the clock set back", 300, 43200, 43199.5, -600},
                               {"downward", -200, 43200, 43200.5, -400}};
@@ -100,6 +101,19 @@ TEST(StoredSpeed, IsReadAsANumber) {
     EXPECT_EQ(mesa.programa->Module1.Vkorv, speed) << text.substr(0, 60);
     EXPECT_EQ(mesa.Jogo().VelY, -speed);
   }
+}
+
+TEST(StoredSpeed, WithoutAnOppositeMovesNoBall) {
+  Medida mesa({{"levels/1.sav", kQuietLevel}, {"config.ini", "[SETUP]\r\nVkorv=-32768\r\n"}});
+  game& jogo = mesa.Jogo();
+  EXPECT_EQ(mesa.programa->Module1.Vkorv, -32768);
+  EXPECT_EQ(jogo.VelY, 0);
+  mesa.Launch(43200);
+  mesa.Beats(3);
+  EXPECT_FALSE(jogo.timerDefine.Enabled);
+  jogo.consedebonus(3);
+  EXPECT_EQ(jogo.Vidas, 2);
+  EXPECT_TRUE(jogo.BolaPresa && jogo.ball.Visible);
 }
 
 }  // namespace

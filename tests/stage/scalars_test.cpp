@@ -34,13 +34,16 @@ TEST(Scalars, IntegersOverflowWhereTheyAreStored) {
   EXPECT_THROW(number = Integer(number * 2), RuntimeError);
   Long large = 2147483647;
   EXPECT_THROW(large = large + 5, RuntimeError);
+  EXPECT_EQ(-Integer(-32767), 32767);
+  EXPECT_THROW(-Integer(-32768), RuntimeError);
   EXPECT_EQ(Flag(true).AsInteger(), -1);
 }
 
 TEST(Scalars, ValReadsTheNumberAtTheStart) {
   const std::pair<const char*, Double> cases[] = {
       {"", 0},        {"  42", 42}, {"300 fast", 300}, {"-7.5x", -7.5}, {".5", 0.5}, {"x1", 0},
-      {"1.2.3", 1.2}, {"- 3", -3},  {"+4", 4},         {"-", 0},        {"1,5", 1},  {"1e3", 1}};
+      {"1.2.3", 1.2}, {"- 3", -3},  {"+4", 4},         {"-", 0},        {"1,5", 1},  {"1e3", 1},
+      {"++4", 0},     {"+-4", 0},   {"--4", 0},        {"+ .5", 0.5},   {"4-", 4}};
   for (const auto& [text, value] : cases) EXPECT_EQ(Val(text), value) << text;
   EXPECT_THROW(CInt(Val(std::string(400, '9'))), RuntimeError);
 }
@@ -90,7 +93,10 @@ TEST(Scalars, DrawsCanBePreparedAndFixed) {
   Random b;
   a.Randomize(43200.5F);
   b.Randomize(43200.5F);
-  EXPECT_EQ(a.Rnd(), b.Rnd());
+  const Single first = a.Rnd();
+  EXPECT_EQ(first, b.Rnd());
+  a.Randomize(43200.5F);
+  EXPECT_NE(a.Rnd(), first) << "two draws of one moment";
   a.Fix(7);
   b.Fix(7);
   b.Randomize(1);
