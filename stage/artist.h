@@ -26,6 +26,8 @@ class Artist {
   /// One line of UTF-8 text. Empty text, and text that cannot be drawn, covers nothing.
   virtual Coverage Write(const Face& face, std::string_view text) = 0;
   virtual int TextWidth(const Face& face, std::string_view text) = 0;
+  /// Pixels from the top of a written line to the line that its letters stand on.
+  virtual int Ascent(const Face& face) = 0;
   /// False if the file cannot be written.
   virtual bool SavePng(const Framebuffer& picture, const std::filesystem::path& file) = 0;
 };

@@ -110,17 +110,17 @@ void Canvas::DrawBetween(TwipPoint corner, const Picture& picture, PixelSize siz
   }
 }
 
-void Canvas::Write(const TwipRect& rect, const Font& font, const std::string& text, Pixel colour,
-                   Align align) const {
+void Canvas::Write(const TwipRect& rect, const Line& line, const std::string& text, Pixel colour) const {
   if (text.empty()) return;
-  const PixelRect place = drawings_.PlaceOf(font, viewport_, rect, align, text);
+  const PixelRect place = drawings_.PlaceOf(line, viewport_, rect, text);
   const PixelRect part = place.Cut(clip_);
-  const auto words = drawings_.Of(font, viewport_.Scale(), text);
+  const auto words = drawings_.Of(line.font, viewport_.Scale(), text);
   for (int y = part.top; y < part.bottom; ++y) {
-    const std::uint8_t* const line = words->alpha.data() + std::ptrdiff_t(y - place.top) * words->size.width;
+    const std::uint8_t* const alphas =
+        words->alpha.data() + std::ptrdiff_t(y - place.top) * words->size.width;
     Pixel* const row = target_.Row(y);
     for (int x = part.left; x < part.right; ++x) {
-      const Pixel alpha = line[x - place.left];
+      const Pixel alpha = alphas[x - place.left];
       row[x] = Mix(row[x], colour, alpha + (alpha >> 7));
     }
   }

@@ -175,26 +175,29 @@ Label::Label(Container& container, const Design& design, const Style& style, std
 
 Drawings& Label::Made() const { return GetContainer().Owner().OnStage().Painting().Made(); }
 
-Font Label::FontThatFits(const Viewport& viewport) const {
+Line Label::LineThatFits(const Viewport& viewport) const {
   constexpr Single kSmaller = 0.97F;
+  const Double scale = viewport.Scale();
   const int room = Control::Pixels(viewport).Width();
-  Font font = style_.font;
-  font.points = Single(FontSize);
-  if (style_.fit_to_text) return font;
-  while (font.points > 1 && Made().TextWidth(font, viewport.Scale(), Caption.Get()) > room) {
-    font.points *= kSmaller;
+  Line line{style_.font, style_.align};
+  line.font.points = Single(FontSize);
+  if (style_.fit_to_text) return line;
+  const int ascent = Made().Ascent(line.font, scale);
+  while (line.font.points > 1 && Made().TextWidth(line.font, scale, Caption.Get()) > room) {
+    line.font.points *= kSmaller;
   }
-  return font;
+  line.drop = ascent - Made().Ascent(line.font, scale);
+  return line;
 }
 
 void Label::Paint(const Canvas& canvas) const {
-  canvas.Write(Area(), FontThatFits(canvas.View()), Caption, PixelOf(ForeColor), style_.align);
+  canvas.Write(Area(), LineThatFits(canvas.View()), Caption, PixelOf(ForeColor));
 }
 
 PixelRect Label::Pixels(const Viewport& viewport) const {
   const PixelRect area = Control::Pixels(viewport);
   if (Caption.Get().empty()) return area;
-  return area.Join(Made().PlaceOf(FontThatFits(viewport), viewport, Area(), style_.align, Caption));
+  return area.Join(Made().PlaceOf(LineThatFits(viewport), viewport, Area(), Caption));
 }
 
 PictureBox::PictureBox(Container& container, const Design& design)

@@ -167,8 +167,8 @@ struct Style {
   bool fit_to_text = false;  // the text may be longer than the label
 };
 
-/// One line of text on whatever lies beneath. A line too long for the label is written smaller, unless
-/// the label fits to its text; one too high stands out of it below.
+/// One line of text on whatever lies beneath. A line too long for the label is written smaller on the same
+/// base line, unless the label fits to its text; one too high stands out of it below.
 class Label : public Control {
  public:
   Label(Container& container, const Design& design, const Style& style, std::string caption);
@@ -178,7 +178,7 @@ class Label : public Control {
 
  private:
   Drawings& Made() const;
-  Font FontThatFits(const Viewport& viewport) const;
+  Line LineThatFits(const Viewport& viewport) const;
 
   Style style_;
 

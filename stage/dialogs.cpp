@@ -34,8 +34,8 @@ void Button::Paint(const Canvas& canvas) const {
   canvas.Fill(area, kButtonFace);
   canvas.Frame(area, focused ? kFocused : kFrame);
   const Double height = canvas.TextHeight(kFont);
-  canvas.Write({area.left, area.top + (area.height - height) / 2, area.width, height}, kFont, caption_,
-               kWords, Align::kCenter);
+  canvas.Write({area.left, area.top + (area.height - height) / 2, area.width, height},
+               {kFont, Align::kCenter}, caption_, kWords);
 }
 
 Dialog::Dialog(Stage& stage, std::string name, std::string message, Double least_width, Double height)

@@ -43,14 +43,15 @@ std::shared_ptr<const Coverage> Drawings::Of(const Font& font, Double scale, con
   return written;
 }
 
-PixelRect Drawings::PlaceOf(const Font& font, const Viewport& viewport, const TwipRect& rect, Align align,
+PixelRect Drawings::PlaceOf(const Line& line, const Viewport& viewport, const TwipRect& rect,
                             const std::string& text) {
   const PixelRect place = viewport.ToPixels(rect);
-  const PixelSize size = Of(font, viewport.Scale(), text)->size;
+  const PixelSize size = Of(line.font, viewport.Scale(), text)->size;
   const int spare = place.Width() - size.width;
-  const int indent = align == Align::kLeft ? 0 : align == Align::kRight ? spare : spare / 2;
+  const int indent = line.align == Align::kLeft ? 0 : line.align == Align::kRight ? spare : spare / 2;
   const int left = place.left + indent;
-  return {left, place.top, left + size.width, place.top + size.height};
+  const int top = place.top + line.drop;
+  return {left, top, left + size.width, top + size.height};
 }
 
 int Drawings::TextWidth(const Font& font, Double scale, std::string_view text) {

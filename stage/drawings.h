@@ -20,6 +20,13 @@ struct Font {
 
 enum class Align { kLeft, kCenter, kRight };
 
+/// How a line of text lies in its rectangle.
+struct Line {
+  Font font;
+  Align align = Align::kLeft;
+  int drop = 0;  // display pixels from the rectangle's top to the line's
+};
+
 /// Drawings and lines of text as last made, kept as long as they are few enough to be worth it.
 /// Sizes are in display pixels; `scale` is how many of them a line of the design resolution has.
 class Drawings {
@@ -28,10 +35,12 @@ class Drawings {
 
   std::shared_ptr<const Bitmap> Of(const Picture& picture, PixelSize size);
   std::shared_ptr<const Coverage> Of(const Font& font, Double scale, const std::string& text);
-  /// Where a text lies that is written into `rect` from its top. It may be larger.
-  PixelRect PlaceOf(const Font& font, const Viewport& viewport, const TwipRect& rect, Align align,
+  /// Where a text lies that is written into `rect`. It may be larger.
+  PixelRect PlaceOf(const Line& line, const Viewport& viewport, const TwipRect& rect,
                     const std::string& text);
   int TextWidth(const Font& font, Double scale, std::string_view text);
+  /// From the top of a line to what its letters stand on.
+  int Ascent(const Font& font, Double scale) { return artist_.Ascent(FaceFor(font, scale)); }
   static int FontHeight(const Font& font, Double scale);
 
  private:

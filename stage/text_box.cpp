@@ -107,8 +107,7 @@ void TextBox::Paint(const Canvas& canvas) const {
   if (Left() != Right()) {
     inside.Fill({start + width(Left()), top, width(Right()) - width(Left()), height}, kSelected);
   }
-  inside.Write({start, top, area.width, height}, style_.font, Utf8(characters_), PixelOf(style_.colour),
-               Align::kLeft);
+  inside.Write({start, top, area.width, height}, {style_.font}, Utf8(characters_), PixelOf(style_.colour));
   if (GetContainer().Owner().Focus() == this) {
     inside.Fill({start + width(caret_), top, kTwipsPerPixel, height}, PixelOf(style_.colour));
   }

@@ -102,6 +102,11 @@ int Artist::TextWidth(const Face& face, std::string_view text) {
   return width;
 }
 
+int Artist::Ascent(const Face& face) {
+  const TTF_Font* const font = Opened(face);
+  return font == nullptr ? 0 : TTF_FontAscent(font);
+}
+
 bool Artist::SavePng(const Framebuffer& picture, const std::filesystem::path& file) {
   const Surface surface(SDL_CreateRGBSurfaceWithFormatFrom(picture.pixels, picture.size.width,
                                                            picture.size.height, 32, picture.pitch * 4,

@@ -18,6 +18,7 @@ class Artist : public stage::Artist {
   Bitmap Draw(std::string_view svg, PixelSize size) override;
   Coverage Write(const Face& face, std::string_view text) override;
   int TextWidth(const Face& face, std::string_view text) override;
+  int Ascent(const Face& face) override;
   bool SavePng(const Framebuffer& picture, const std::filesystem::path& file) override;
 
  private:

@@ -118,6 +118,31 @@ TEST(Painting, LabelsShowTheirTextWhole) {
   }
 }
 
+/// The lowest row in which something is seen, in these columns.
+int LowestSeen(const std::vector<Pixel>& pixels, int width, int left, int right) {
+  for (int y = int(pixels.size()) / width - 1; y >= 0; --y) {
+    for (int x = left; x < right; ++x) {
+      if (pixels[std::size_t(y) * std::size_t(width) + std::size_t(x)] != 0) return y;
+    }
+  }
+  return -1;
+}
+
+TEST(Painting, ATextWrittenSmallerStandsOnTheLineOfItsRow) {
+  for (const Double scale : {1.0, 1.37, 1.8, 2.4, 3.6}) {
+    Bench bench({12000, 9000}, scale);
+    bench.platform.Look(true);
+    const auto form = std::make_shared<NotingForm>(bench.theatre);
+    const Style style{{"Verdana", 20, true}, Rgb(255, 255, 0)};
+    const Label fits(*form, {0, 3000, 6000, 345}, style, "1");
+    const Label smaller(*form, {6000, 3000, 1335, 345}, style, "1111111111111111");
+    bench.theatre.Show(form, kModeless);
+    const std::vector<Pixel> pixels = bench.Pixels();
+    const int width = bench.platform.DisplaySize().width;
+    EXPECT_EQ(LowestSeen(pixels, width, width / 2, width), LowestSeen(pixels, width, 0, width / 2)) << scale;
+  }
+}
+
 TEST(Painting, PutsTheScreenInTheMiddleOfOddDisplays) {
   const Viewport view({12000, 9000}, {1000, 600});
   EXPECT_EQ(view.Area(), (PixelRect{100, 0, 900, 600}));
