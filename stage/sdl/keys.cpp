@@ -25,14 +25,17 @@ constexpr std::array<std::pair<int, int>, 14> kByMeaning{{{SDLK_BACKSPACE, key::
 
 }  // namespace
 
-int CodeOf(SDL_Keycode symbol) {
+int CodeOf(const SDL_Keysym& key) {
+  constexpr SDL_Keycode kLastLatin = 127;  // of those that stand for themselves
+  const SDL_Keycode symbol = key.sym;
   if (symbol >= SDLK_a && symbol <= SDLK_z) return symbol - SDLK_a + key::kA;
   if (symbol >= SDLK_0 && symbol <= SDLK_9) return symbol;
   if (symbol >= SDLK_F1 && symbol <= SDLK_F12) return symbol - SDLK_F1 + key::kF1;
   for (const auto& [from, code] : kByMeaning) {
     if (from == symbol) return code;
   }
-  return 0;
+  const bool letter_key = key.scancode >= SDL_SCANCODE_A && key.scancode <= SDL_SCANCODE_Z;
+  return letter_key && symbol > kLastLatin ? key.scancode - SDL_SCANCODE_A + key::kA : 0;
 }
 
 int ShiftOf(int modifiers) {

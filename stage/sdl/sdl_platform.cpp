@@ -134,9 +134,9 @@ std::optional<Event> SdlPlatform::Translate(const SDL_Event& event) {
       if (event.button.button == SDL_BUTTON_LEFT) return PointerPressed{};
       return std::nullopt;
     case SDL_KEYDOWN:
-      return KeyPressed{CodeOf(event.key.keysym.sym), ShiftOf(event.key.keysym.mod)};
+      return KeyPressed{CodeOf(event.key.keysym), ShiftOf(event.key.keysym.mod)};
     case SDL_KEYUP:
-      return KeyReleased{CodeOf(event.key.keysym.sym), ShiftOf(event.key.keysym.mod)};
+      return KeyReleased{CodeOf(event.key.keysym), ShiftOf(event.key.keysym.mod)};
     case SDL_TEXTINPUT:
       return TextTyped{event.text.text};
     case SDL_WINDOWEVENT:
