@@ -10,6 +10,7 @@ constexpr Double kMargin = 240;
 constexpr Double kTitleHeight = 420;
 constexpr Double kButtonWidth = 1200;
 constexpr Double kButtonHeight = 420;
+constexpr int kMostTyped = 254;
 constexpr Pixel kButtonFace = 0x2A3348;
 constexpr Pixel kFrame = 0xB9C2D6;
 constexpr Pixel kFocused = 0xFFD23F;
@@ -69,7 +70,7 @@ MessageForm::MessageForm(Stage& stage, const std::string& text)
 
 InputForm::InputForm(Stage& stage, const std::string& prompt)
     : Dialog(stage, "InputBox", prompt, 4800, 2400),
-      field_(*this, {kMargin, 1080, Width - 2 * kMargin, 390}, {kFont, Rgb(255, 255, 255)}, "", 0),
+      field_(*this, {kMargin, 1080, Width - 2 * kMargin, 390}, {kFont, Rgb(255, 255, 255)}, "", kMostTyped),
       ok_(*this, ButtonPlace(0, 2), "OK"),
       cancel_(*this, ButtonPlace(1, 2), "Cancel") {
   ok_.Click = [this] { Accept(); };

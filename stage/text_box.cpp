@@ -17,10 +17,7 @@ bool IsControl(char32_t character) { return character < 32 || character == 127; 
 
 TextBox::TextBox(Container& container, const Design& design, const Style& style, const std::string& text,
                  int most)
-    : Control(container, design, Layer::kWindow),
-      style_(style),
-      most_(most > 0 ? std::size_t(most) : std::u32string().max_size()),
-      Text(this, {}) {
+    : Control(container, design, Layer::kWindow), style_(style), most_(std::size_t(most)), Text(this, {}) {
   // Only an assignment tells the box its characters.
   // cppcheck-suppress useInitializationList
   Text = text;  // NOLINT(cppcoreguidelines-prefer-member-initializer)

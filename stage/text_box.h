@@ -11,7 +11,7 @@ namespace stage {
 /// characters.
 class TextBox : public Control {
  public:
-  /// No more than `most` characters can be typed; 0 sets no limit.
+  /// No more than `most` characters can be typed.
   TextBox(Container& container, const Design& design, const Style& style, const std::string& text, int most);
 
   void SetFocus();

@@ -59,6 +59,15 @@ TEST_F(TextBoxes, AreEditedByKeys) {
   }
 }
 
+TEST_F(TextBoxes, OfDialogsHaveAnEnd) {
+  bench.platform.SetClipboard(std::string(1 << 20, 'x'));
+  bench.platform.Director = [&] {
+    bench.Press(key::kV, kCtrl);
+    bench.Press(key::kEnter);
+  };
+  EXPECT_EQ(bench.theatre.InputBox("any"), std::string(254, 'x'));
+}
+
 TEST_F(TextBoxes, RefuseWhatTheyDoNotAccept) {
   box.Accepts = [](char32_t character) { return character != U'x'; };
   bench.Type("axbx");
