@@ -2,6 +2,7 @@
 // runs straight up, and the time that it takes rescales the step.
 #include "core/game.h"
 #include "screens/config.h"
+#include "stage/text_file.h"
 
 namespace korvane {
 
@@ -18,7 +19,7 @@ void game::timerDefine_Timer() {
       const Integer nova = CInt(Single(Vkorv) * (tempo / Single(kCentesimosCertos)));
       VelY = -nova;
       Vkorv = nova;
-      GravaIni("SETUP", "Vkorv", std::to_string(Vkorv), Module1.AppPath + "\\config.ini");
+      GravaIni("SETUP", "Vkorv", std::to_string(Vkorv), stage::HostPath(Module1.AppPath, "config.ini"));
     } else {
       VelX = 0;
       VelY = -Vkorv;

@@ -47,7 +47,7 @@ inline constexpr int kRecords = 10;  // rows of the table of records
 struct Module1 {
   /// Type of each block by its index in Box: 0 gone, 20 hard, 21 unseen, 100 the carrier of the parked bonus.
   Vetor<Integer, 600> TipoBox;
-  /// The program's folder, without a backslash at its end.
+  /// The program's folder as the machine names it, without a separator at its end.
   std::string AppPath;
   /// The first launch by a click on the field has happened in this run.
   Flag Iniciado;

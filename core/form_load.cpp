@@ -5,6 +5,7 @@
 #include "screens/FrmHelp.h"
 #include "screens/config.h"
 #include "screens/pointer.h"
+#include "stage/text_file.h"
 
 namespace korvane {
 
@@ -12,7 +13,7 @@ namespace korvane {
 void game::Form_Load() {
   std::string& AppPath = Module1.AppPath;
   AppPath = Palco.AppPath();
-  if (AppPath.ends_with('\\')) AppPath.pop_back();
+  if (AppPath.ends_with('/')) AppPath.pop_back();
   ResumeNext([&] { Getrecords(Module1); });
   paused = false;
   Vidas = 3;
@@ -90,7 +91,8 @@ void game::DimensionaUser() {
 void game::LeVelocidade() {
   constexpr int kVelocidadeNormal = 300;
   Integer& Vkorv = Module1.Vkorv;
-  ResumeNext([&] { Vkorv = CInt(Val(LeIni("SETUP", "Vkorv", Module1.AppPath + "\\config.ini"))); });
+  ResumeNext(
+      [&] { Vkorv = CInt(Val(LeIni("SETUP", "Vkorv", stage::HostPath(Module1.AppPath, "config.ini")))); });
   if (Vkorv == 0) Vkorv = kVelocidadeNormal;
   VelX = 0;
   ResumeNext([&] { VelY = -Vkorv; });

@@ -9,8 +9,8 @@ namespace {
 
 constexpr int kUltimaSerie = 3;
 
-std::string Arquivo(const std::string& caminho, Integer num) {
-  return caminho + "\\levels\\" + std::to_string(num) + ".sav";
+std::filesystem::path Arquivo(const std::string& caminho, Integer num) {
+  return stage::HostPath(caminho, "levels\\" + std::to_string(num) + ".sav");
 }
 
 }  // namespace
@@ -81,7 +81,7 @@ void game::CriaFechamento() {
 void game::TodosCompletados(Integer num) {
   Palco.MsgBox("Todos os niveis completados");
   if (LeuFase) return;
-  std::cerr << "korvane: cannot read " << stage::HostPath(Arquivo(Caminho, num)).string() << '\n';
+  std::cerr << "korvane: cannot read " << Arquivo(Caminho, num).string() << '\n';
   stage::Stage::End();
 }
 

@@ -16,7 +16,7 @@ constexpr std::size_t kMaiorLinha = 1000;
 constexpr const char* kFim = "\r\n";
 
 std::filesystem::path Arquivo(const Module1& modulo, std::string_view nome) {
-  return stage::HostPath(modulo.AppPath + "\\" + std::string(nome));
+  return stage::HostPath(modulo.AppPath, nome);
 }
 
 std::string Linha(std::string_view nome, std::string_view pontos) {

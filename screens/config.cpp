@@ -3,24 +3,23 @@
 #include <iostream>
 
 #include "stage/profile.h"
-#include "stage/text_file.h"
 
 namespace korvane {
 
-std::string LeIni(std::string_view section, std::string_view key, std::string_view file) {
+std::string LeIni(std::string_view section, std::string_view key, const std::filesystem::path& file) {
   constexpr std::size_t kBuffer = 255;
   const std::string value = stage::GetPrivateProfileStringA(section, key, "", kBuffer, file);
   return value.substr(0, value.find('\0'));
 }
 
-void GravaIni(std::string_view section, std::string_view key, std::string_view value, std::string_view file) {
+void GravaIni(std::string_view section, std::string_view key, std::string_view value,
+              const std::filesystem::path& file) {
   try {
     stage::WritePrivateProfileStringA(section, key, value, file);
   } catch (const stage::RuntimeError&) {
-    const std::filesystem::path path = stage::HostPath(file);
     std::error_code error;
-    if (!std::filesystem::exists(path.parent_path(), error)) return;
-    std::cerr << "korvane: cannot write " << path.string() << "; the speed holds for this run only\n";
+    if (!std::filesystem::exists(file.parent_path(), error)) return;
+    std::cerr << "korvane: cannot write " << file.string() << "; the speed holds for this run only\n";
   }
 }
 

@@ -1,7 +1,10 @@
 #include "core/game.h"
+#include "stage/text_file.h"
 
 namespace korvane {
 
-void game::sound(std::string_view swave) { Palco.sndPlaySoundA(Caminho + "\\sons\\" + std::string(swave)); }
+void game::sound(std::string_view swave) {
+  Palco.sndPlaySoundA(stage::HostPath(Caminho, "sons\\" + std::string(swave)));
+}
 
 }  // namespace korvane

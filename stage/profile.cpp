@@ -65,11 +65,10 @@ Place Find(std::string_view text, std::string_view section, std::string_view key
   return place;
 }
 
-std::string TextOf(std::string_view file) {
-  const std::filesystem::path path = HostPath(file);
+std::string TextOf(const std::filesystem::path& file) {
   std::error_code error;
-  const bool missing = !std::filesystem::exists(path, error) && !error;
-  return missing ? std::string() : ReadWhole(path, kMostBytes);
+  const bool missing = !std::filesystem::exists(file, error) && !error;
+  return missing ? std::string() : ReadWhole(file, kMostBytes);
 }
 
 }  // namespace
@@ -96,15 +95,16 @@ std::string WithProfileValue(std::string_view text, std::string_view section, st
 }
 
 std::string GetPrivateProfileStringA(std::string_view section, std::string_view key,
-                                     std::string_view fallback, std::size_t size, std::string_view file) {
+                                     std::string_view fallback, std::size_t size,
+                                     const std::filesystem::path& file) {
   std::string text;
   ResumeNext([&] { text = TextOf(file); });
   return std::string(FindProfileValue(text, section, key).value_or(fallback).substr(0, size - 1));
 }
 
 void WritePrivateProfileStringA(std::string_view section, std::string_view key, std::string_view value,
-                                std::string_view file) {
-  WriteWhole(HostPath(file), WithProfileValue(TextOf(file), section, key, value));
+                                const std::filesystem::path& file) {
+  WriteWhole(file, WithProfileValue(TextOf(file), section, key, value));
 }
 
 }  // namespace stage

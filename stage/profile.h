@@ -1,6 +1,7 @@
 // Initialisation files: sections in brackets, keys with values. Names are found whatever their case.
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -8,14 +9,15 @@
 namespace stage {
 
 /// The value of a key, cut to `size` - 1 characters; `fallback` if the file, the section or the key does not
-/// exist. `file` is named with backslashes.
+/// exist.
 std::string GetPrivateProfileStringA(std::string_view section, std::string_view key,
-                                     std::string_view fallback, std::size_t size, std::string_view file);
+                                     std::string_view fallback, std::size_t size,
+                                     const std::filesystem::path& file);
 
 /// Puts a value into the file, making the file, the section and the key as needed; every other byte stays.
 /// Raises RuntimeError if the file cannot be written.
 void WritePrivateProfileStringA(std::string_view section, std::string_view key, std::string_view value,
-                                std::string_view file);
+                                const std::filesystem::path& file);
 
 /// The value of a key in the text of a file, if it is there.
 std::optional<std::string_view> FindProfileValue(std::string_view text, std::string_view section,

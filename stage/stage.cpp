@@ -105,9 +105,8 @@ std::shared_ptr<const Bitmap> Stage::BitmapOf(const Picture& picture) {
 }
 
 std::string Stage::AppPath() const {
-  std::string path = platform_.Folders().own.generic_string();
+  std::string path = platform_.Folders().own.string();
   if (path.size() > 1 && path.ends_with('/')) path.pop_back();
-  std::ranges::replace(path, '/', '\\');
   return path;
 }
 
@@ -123,10 +122,10 @@ void Stage::SetCursorPos(PixelPoint place) {
   pointer_set_ = place;
 }
 
-std::filesystem::path Stage::FileToRead(std::string_view name) const {
-  return stage::FileToRead(platform_.Folders(), HostPath(name));
+std::filesystem::path Stage::FileToRead(const std::filesystem::path& file) const {
+  return stage::FileToRead(platform_.Folders(), file);
 }
 
-void Stage::sndPlaySoundA(std::string_view file) { platform_.PlaySound(FileToRead(file)); }
+void Stage::sndPlaySoundA(const std::filesystem::path& file) { platform_.PlaySound(FileToRead(file)); }
 
 }  // namespace stage

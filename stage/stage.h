@@ -65,11 +65,10 @@ class Stage {
   TimerSet& Timers() { return timers_; }
   GlideSet& Glides() { return glides_; }
   Platform& Machine() { return platform_; }
-  /// The folder of the program, with backslashes as separators; at the root it ends in one.
+  /// The folder of the program as the machine names it; a separator stands at its end only if it is the root.
   std::string AppPath() const;
-  /// A file of that folder, named with backslashes, as the machine names it; if it is missing and the program
-  /// was installed, the installed one.
-  std::filesystem::path FileToRead(std::string_view name) const;
+  /// A file of that folder; if it is missing and the program was installed, the installed one.
+  std::filesystem::path FileToRead(const std::filesystem::path& file) const;
   /// Seconds since midnight.
   Single Timer() { return Single(platform_.SecondsOfDay()); }
   void Randomize(Single seed) { Draws.Randomize(seed); }
@@ -82,8 +81,8 @@ class Stage {
   PixelPoint GetCursorPos() { return platform_.PointerPlace(); }
   /// No form hears of the move: it is not the player's.
   void SetCursorPos(PixelPoint place);
-  /// Starts a sound file, named with backslashes, and returns at once.
-  void sndPlaySoundA(std::string_view file);
+  /// Starts a sound file of the program's folder and returns at once.
+  void sndPlaySoundA(const std::filesystem::path& file);
 
  private:
   void Wait();

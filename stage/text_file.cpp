@@ -80,10 +80,10 @@ bool Replace(const std::filesystem::path& file, const std::filesystem::path& fre
 
 }  // namespace
 
-std::filesystem::path HostPath(std::string_view name) {
-  std::string path(name);
-  std::ranges::replace(path, '\\', '/');
-  return path;
+std::filesystem::path HostPath(const std::string& folder, std::string_view name) {
+  std::string below(name);
+  std::ranges::replace(below, '\\', '/');
+  return folder + '/' + below;
 }
 
 std::string ReadStart(const std::filesystem::path& file, std::size_t most) {

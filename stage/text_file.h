@@ -9,8 +9,8 @@
 
 namespace stage {
 
-/// A file named with backslashes as the machine names it.
-std::filesystem::path HostPath(std::string_view name);
+/// A file as the machine names it: below `folder`, which the machine named, by a name with backslashes.
+std::filesystem::path HostPath(const std::string& folder, std::string_view name);
 
 /// The first bytes of a plain file, at most `most`. Raises RuntimeError if it cannot be read.
 std::string ReadStart(const std::filesystem::path& file, std::size_t most);

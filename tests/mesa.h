@@ -29,11 +29,12 @@ inline std::map<std::string, std::string> Levels(const std::vector<std::string>&
 
 class Mesa {
  public:
-  /// Files of the program's folder by name. Without any there is one quiet level.
+  /// Files of the program's folder by name. Without any there is one quiet level. Unless a folder is given it
+  /// is `folder`.
   explicit Mesa(const std::map<std::string, std::string>& files = {{"levels/1.sav", kQuietLevel}},
                 stage::ScriptedSetup setup = {}) {
-    for (const auto& [name, content] : files) WriteFile(folder.Path() / name, content);
-    setup.folder = folder.Path();
+    if (setup.folder.empty()) setup.folder = folder.Path();
+    for (const auto& [name, content] : files) WriteFile(setup.folder / name, content);
     platform.emplace(setup, artist);
     programa.emplace(*platform, Assets());
     platform->Director = [this] {

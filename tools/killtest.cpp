@@ -63,7 +63,7 @@ struct Told {
     told.records = turn;
     if (write(pipe, &told, sizeof told) != sizeof told) _exit(2);
     stage::WritePrivateProfileStringA("SETUP", "Vkorv", std::to_string(SpeedOf(writer, turn)),
-                                      modulo.AppPath + "\\config.ini");
+                                      folder / "config.ini");
     told.config = turn;
     if (write(pipe, &told, sizeof told) != sizeof told) _exit(2);
   }

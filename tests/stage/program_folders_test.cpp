@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "stage/text_file.h"
 #include "tests/mesa.h"
 
 namespace tests {
@@ -90,12 +91,28 @@ TEST_F(Installed, SoundsAreLookedForLikeLevels) {
   Listening platform({.folder = Own(), .installed = Share()}, artist);
   Programa programa(platform, Assets());
   const auto play = [&] {
-    programa.Palco.sndPlaySoundA(programa.Palco.AppPath() + "\\sons\\lad.wav");
+    programa.Palco.sndPlaySoundA(stage::HostPath(programa.Palco.AppPath(), "sons\\lad.wav"));
     return platform.played;
   };
   EXPECT_EQ(play(), Share() / "sons" / "lad.wav");
   WriteFile(Own() / "sons" / "lad.wav", "own");
   EXPECT_EQ(play(), Own() / "sons" / "lad.wav");
+}
+
+TEST(ProgramFolder, MayHaveABackslashInItsName) {
+  const tools::TempFolder around;
+  const path own = around.Path() / "a\\b\\";
+  Mesa mesa({{"levels/1.sav", kQuietLevel},
+             {"levels/2.sav", HardBlocks(2)},
+             {"config.ini", "[SETUP]\nVkorv=120\n"}},
+            {.folder = own});
+  EXPECT_EQ(mesa.Jogo().Label2.Caption.Get(), "Tela: A-1");
+  EXPECT_EQ(mesa.Jogo().Module1.Vkorv, 120);
+  mesa.Jogo().clearall();
+  mesa.Jogo().loadup(2);
+  EXPECT_EQ(mesa.Jogo().Label2.Caption.Get(), "Tela: A-2");
+  EXPECT_TRUE(std::filesystem::exists(own / "kv_his.dat"));
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(around.Path()), {}), 1);
 }
 
 }  // namespace
