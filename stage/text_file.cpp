@@ -7,15 +7,22 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cmath>
 #include <fstream>
 #include <system_error>
+#include <thread>
 
 namespace stage {
 namespace {
 
 constexpr std::string_view kBlanks = " \t";
 constexpr std::string_view kFieldEnds = ",\r\n";
+
+using Clock = std::chrono::steady_clock;
+
+constexpr auto kPatience = std::chrono::seconds(1);  // with another program that writes the same file
+constexpr auto kBetweenLooks = std::chrono::milliseconds(2);
 
 /// An open file of the system, closed at the end of its life.
 class Descriptor {
@@ -27,17 +34,24 @@ class Descriptor {
   Descriptor(const Descriptor&) = delete;
   Descriptor& operator=(const Descriptor&) = delete;
 
-  /// Waits until no other program holds the file. Where the machine knows no locks there is nothing to wait
-  /// for.
-  void Hold() const {
-    while (flock(number_, LOCK_EX) != 0 && errno == EINTR) {
+  /// Waits until no other program holds the file, but not beyond `end`. Where the machine knows no locks
+  /// there is nothing to wait for.
+  void Hold(Clock::time_point end) const {
+    while (flock(number_, LOCK_EX | LOCK_NB) != 0 && (errno == EWOULDBLOCK || errno == EINTR)) {
+      if (Clock::now() > end) throw RuntimeError("held by another program");
+      std::this_thread::sleep_for(kBetweenLooks);
     }
+  }
+  /// A plain file that has no other name.
+  bool IsPlain() const {
+    struct stat own {};
+    return fstat(number_, &own) == 0 && S_ISREG(own.st_mode) && own.st_nlink <= 1;
   }
   /// The name still stands for this file.
   bool IsNamed(const std::filesystem::path& path) const {
     struct stat own {};
     struct stat named {};
-    return fstat(number_, &own) == 0 && stat(path.c_str(), &named) == 0 && own.st_dev == named.st_dev &&
+    return fstat(number_, &own) == 0 && lstat(path.c_str(), &named) == 0 && own.st_dev == named.st_dev &&
            own.st_ino == named.st_ino;
   }
   void Clear() const {
@@ -50,6 +64,12 @@ class Descriptor {
       bytes.remove_prefix(static_cast<std::size_t>(written));
     }
   }
+  /// Whoever may read and write that file, if it is there, may do so with this one.
+  void TakeModeOf(const std::filesystem::path& path) const {
+    struct stat other {};
+    if (stat(path.c_str(), &other) == 0 && fchmod(number_, other.st_mode) != 0)
+      throw RuntimeError("cannot write");
+  }
   void Flush() const {
     if (fsync(number_) != 0) throw RuntimeError("cannot write");
   }
@@ -58,17 +78,44 @@ class Descriptor {
   int number_;
 };
 
+/// The file that a name stands for, through all links, also where there is none yet.
+std::filesystem::path Behind(std::filesystem::path file) {
+  constexpr int kMostLinks = 40;
+  std::error_code error;
+  for (int links = 0; std::filesystem::is_symlink(file, error); ++links) {
+    const std::filesystem::path to = std::filesystem::read_symlink(file, error);
+    if (error || links == kMostLinks) throw RuntimeError("cannot follow " + file.string());
+    file = file.parent_path() / to;
+  }
+  return file;
+}
+
+/// Raises RuntimeError if something stands there that is not to be replaced.
+void RequireReplaceable(const std::filesystem::path& file) {
+  std::error_code error;
+  const auto status = std::filesystem::status(file, error);
+  if (!std::filesystem::exists(status)) return;
+  const bool writable =
+      (status.permissions() & std::filesystem::perms::owner_write) != std::filesystem::perms::none;
+  if (!std::filesystem::is_regular_file(status) || !writable)
+    throw RuntimeError("read-only: " + file.string());
+}
+
 /// Fills the file `fresh` and puts it in the place of `file`. False if another writer that held it has put it
 /// there meanwhile.
-bool Replace(const std::filesystem::path& file, const std::filesystem::path& fresh, std::string_view bytes) {
-  const Descriptor target(fresh, O_WRONLY | O_CREAT | O_CLOEXEC);
-  target.Hold();
+bool Replace(const std::filesystem::path& file, const std::filesystem::path& fresh, std::string_view bytes,
+             Clock::time_point end) {
+  // Whatever somebody has put there under that name, a link or a pipe, is neither followed nor waited for.
+  const Descriptor target(fresh, O_WRONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+  if (!target.IsPlain()) throw RuntimeError("cannot write " + fresh.string());
+  target.Hold(end);
   if (!target.IsNamed(fresh)) return false;
   std::error_code error;
   try {
     target.Clear();
     target.Write(bytes);
     target.Flush();
+    target.TakeModeOf(file);
     std::filesystem::rename(fresh, file, error);
     if (error) throw RuntimeError("cannot replace " + file.string());
   } catch (const RuntimeError&) {
@@ -106,12 +153,15 @@ std::string ReadWhole(const std::filesystem::path& file, std::size_t most) {
   return bytes;
 }
 
-void WriteWhole(const std::filesystem::path& file, std::string_view bytes) {
+void WriteWhole(const std::filesystem::path& name, std::string_view bytes) {
+  const std::filesystem::path file = Behind(name);
+  RequireReplaceable(file);
   std::filesystem::path fresh = file;
   // One name for all writers: what a killed one leaves behind is taken over by the next. Other users have
   // their own, since they could not open this one.
   fresh += "." + std::to_string(getuid()) + ".tmp";
-  while (!Replace(file, fresh, bytes)) {
+  const auto end = Clock::now() + kPatience;
+  while (!Replace(file, fresh, bytes, end)) {
   }
   // The file is in place; not every file system can flush a folder.
   const std::filesystem::path folder = file.has_parent_path() ? file.parent_path() : ".";

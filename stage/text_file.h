@@ -18,9 +18,11 @@ std::string ReadStart(const std::filesystem::path& file, std::size_t most);
 /// All bytes of a plain file. Raises RuntimeError if it cannot be read or is longer than `most` bytes.
 std::string ReadWhole(const std::filesystem::path& file, std::size_t most);
 
-/// Puts `bytes` in the place of the file: whoever reads it, at whatever moment the machine stops, finds the
-/// whole old or the whole new content. Raises RuntimeError if that cannot be done; the old file stays then.
-void WriteWhole(const std::filesystem::path& file, std::string_view bytes);
+/// Puts `bytes` in the place of the file, or of the one that a link of this name leads to: whoever reads it,
+/// at whatever moment the machine stops, finds the whole old or the whole new content. Waits for the disk,
+/// and a moment for another program that writes the same file. Raises RuntimeError if it cannot be done, or
+/// if the file is read-only; the old one stays then.
+void WriteWhole(const std::filesystem::path& name, std::string_view bytes);
 
 /// Fields of a text. A field ends at a comma or a line end; blanks before it are skipped. One that begins
 /// with a double quote runs to the closing quote.
