@@ -19,7 +19,10 @@ void game::timerDefine_Timer() {
       const Integer nova = CInt(Single(Vkorv) * (tempo / Single(kCentesimosCertos)));
       VelY = -nova;
       Vkorv = nova;
-      GravaIni("SETUP", "Vkorv", std::to_string(Vkorv), stage::HostPath(Module1.AppPath, "config.ini"));
+      Palco.Machine().Beside(  // the ball flies on meanwhile
+          [velocidade = std::to_string(Vkorv), arquivo = stage::HostPath(Module1.AppPath, "config.ini")] {
+            GravaIni("SETUP", "Vkorv", velocidade, arquivo);
+          });
     } else {
       VelX = 0;
       VelY = -Vkorv;

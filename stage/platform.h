@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -62,6 +63,9 @@ class Platform {
   /// silence.
   virtual void PlaySound(const std::filesystem::path& file) = 0;
   virtual std::string Clipboard() = 0;
+  /// Runs `work`, which may have to wait for the disk and touches nothing of the program, beside the program.
+  /// One work runs after the other; before the platform ends all are done, but for one that takes too long.
+  virtual void Beside(std::function<void()> work) = 0;
   virtual ProgramFolders Folders() = 0;
 };
 

@@ -15,6 +15,12 @@ constexpr std::size_t kMostRemembered = 100'000;
 ScriptedPlatform::ScriptedPlatform(ScriptedSetup setup, Artist& artist)
     : setup_(std::move(setup)), artist_(artist) {}
 
+ScriptedPlatform::~ScriptedPlatform() { FinishWorks(); }
+
+void ScriptedPlatform::FinishWorks() {
+  for (const auto& work : std::exchange(works_, {})) work();
+}
+
 void ScriptedPlatform::Send(Event event) { events_.push_back(std::move(event)); }
 
 void ScriptedPlatform::MoveTo(Double x, Double y) {
@@ -64,6 +70,7 @@ std::optional<Event> ScriptedPlatform::NextEvent() {
 }
 
 void ScriptedPlatform::Wait(Moment until, Wake wake) {
+  FinishWorks();
   if (wake == Wake::kOnTime || !Director) {
     now_ = std::max(now_, until);
   } else if (events_.empty()) {

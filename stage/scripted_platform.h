@@ -26,6 +26,7 @@ struct ScriptedSetup {
 class ScriptedPlatform : public Platform {
  public:
   ScriptedPlatform(ScriptedSetup setup, Artist& artist);
+  ~ScriptedPlatform() override;
 
   /// Called when the program waits for input: sends events or lets time pass, or throws to end the run.
   /// Without it a wait for input lasts to its end.
@@ -50,6 +51,8 @@ class ScriptedPlatform : public Platform {
   /// The system's clock is set to this.
   void SetSecondsOfDay(Double seconds);
   void SetClipboard(std::string text) { clipboard_ = std::move(text); }
+  /// What runs beside the program is done; so it is whenever the program waits.
+  void FinishWorks();
 
   ScreenSize Screen() override { return setup_.screen; }
   PixelSize DisplaySize() override;
@@ -66,6 +69,7 @@ class ScriptedPlatform : public Platform {
   void MovePointer(PixelPoint place) override;
   void PlaySound(const std::filesystem::path& file) override;
   std::string Clipboard() override { return clipboard_; }
+  void Beside(std::function<void()> work) override { works_.push_back(std::move(work)); }
   ProgramFolders Folders() override { return {setup_.folder, setup_.installed}; }
 
  private:
@@ -78,6 +82,7 @@ class ScriptedPlatform : public Platform {
   std::vector<PixelRect> presented_;
   std::vector<Pixel> pixels_;
   std::string clipboard_;
+  std::vector<std::function<void()>> works_;
 };
 
 }  // namespace stage

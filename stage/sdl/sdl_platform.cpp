@@ -10,6 +10,7 @@
 #include <thread>
 #include <vector>
 
+#include "stage/sdl/beside.h"
 #include "stage/sdl/connection.h"
 #include "stage/sdl/keys.h"
 
@@ -17,6 +18,7 @@ namespace stage::sdl {
 namespace {
 
 constexpr Moment kPollInterval = std::chrono::milliseconds(2);
+constexpr auto kPatience = std::chrono::seconds(3);  // at the end, with a disk that is slow
 
 std::string TakeString(char* text) {
   const std::unique_ptr<char, decltype(&SDL_free)> owned(text, SDL_free);
@@ -59,7 +61,9 @@ SdlPlatform::SdlPlatform(const char* title, const char* name)
   voice_.emplace();
 }
 
-SdlPlatform::~SdlPlatform() = default;
+SdlPlatform::~SdlPlatform() {
+  if (work_.valid()) work_.wait_for(kPatience);
+}
 
 PixelSize SdlPlatform::DisplaySize() {
   PixelSize size;
@@ -207,6 +211,18 @@ void SdlPlatform::MovePointer(PixelPoint place) {
   const auto last = std::find_if(events_.rbegin(), events_.rend(), IsMove);
   if (last == events_.rend()) return;
   events_.erase(std::remove_if(events_.begin(), std::next(last).base(), IsMove), std::next(last).base());
+}
+
+void SdlPlatform::Beside(std::function<void()> work) {
+  const auto in_turn = [before = work_, work = std::move(work)] {
+    if (before.valid()) before.wait();
+    work();
+  };
+  try {
+    work_ = sdl::Beside(in_turn);
+  } catch (const std::system_error&) {
+    in_turn();
+  }
 }
 
 std::string SdlPlatform::Clipboard() { return TakeString(SDL_GetClipboardText()); }

@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <deque>
+#include <future>
 #include <memory>
 
 #include "stage/platform.h"
@@ -41,6 +42,7 @@ class SdlPlatform : public Platform {
   void MovePointer(PixelPoint place) override;
   void PlaySound(const std::filesystem::path& file) override { voice_->Play(file); }
   std::string Clipboard() override;
+  void Beside(std::function<void()> work) override;
   ProgramFolders Folders() override { return folders_; }
 
  private:
@@ -74,6 +76,7 @@ class SdlPlatform : public Platform {
   std::optional<Voice> voice_;  // opened once there is a window
   std::deque<Event> events_;
   Moment polled_{};
+  std::shared_future<void> work_;  // the last one
 };
 
 }  // namespace stage::sdl

@@ -7,8 +7,8 @@
 
 #include <atomic>
 #include <system_error>
-#include <thread>
 
+#include "stage/sdl/beside.h"
 #include "stage/text_file.h"
 
 namespace stage::sdl {
@@ -35,15 +35,6 @@ Mix_Chunk* Load(const std::filesystem::path& file) {
   } catch (const RuntimeError&) {
     return nullptr;
   }
-}
-
-/// Runs `act` beside the program. Nobody has to wait for its end. Raises std::system_error.
-template <class Act>
-auto Beside(Act act) {
-  std::packaged_task<std::invoke_result_t<Act>()> task(std::move(act));
-  auto result = task.get_future();
-  std::thread(std::move(task)).detach();
-  return result;
 }
 
 }  // namespace

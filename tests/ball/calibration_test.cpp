@@ -66,6 +66,8 @@ TEST(Calibration, ScalesTheStepByTheTimeTaken) {
     EXPECT_FALSE(jogo.timerDefine.Enabled);
     EXPECT_EQ(mesa.programa->Module1.Vkorv, measure.result);
     EXPECT_EQ(std::pair(jogo.VelX, jogo.VelY), std::pair(0.0, Double(-measure.result)));
+    EXPECT_EQ(ReadFile(mesa.Ini()), ini + "\nmore=1") << "the ball does not wait for the disk";
+    mesa.platform->FinishWorks();
     const std::string stored = "; mine\n[OTHER]\nVkorv=7\n[Setup]\nvkorv =" + std::to_string(measure.result);
     EXPECT_EQ(ReadFile(mesa.Ini()), (measure.stored ? stored : ini) + "\nmore=1");
   }
@@ -77,6 +79,7 @@ TEST(Calibration, AFileThatCannotBeWrittenHoldsForTheRun) {
   mesa.Launch(0);
   testing::internal::CaptureStderr();
   mesa.Beats(4);
+  mesa.platform->FinishWorks();
   const std::string said = testing::internal::GetCapturedStderr();
   EXPECT_EQ(std::ranges::count(said, '\n'), 1) << said;
   EXPECT_EQ(mesa.programa->Module1.Vkorv, 75);
