@@ -48,8 +48,8 @@ FrmMostraRecords::FrmMostraRecords(Programa& dono)
       programa(dono),
       Picture1(*this, {2040, 1320, 6255, 6255}),
       Image1(Picture1, {0, 0, 3690, 930}, dono.Palco.Pictures.Named("titulo"), false),
-      Label1(Picture1, Coluna(120, 4215, Align::kLeft, "Label1")),
-      Label2(Picture1, Coluna(4560, 1335, Align::kRight, "Label2")) {
+      Label1(Picture1, "Label1", Coluna(120, 4215, Align::kLeft, "Label1")),
+      Label2(Picture1, "Label2", Coluna(4560, 1335, Align::kRight, "Label2")) {
   Picture1.Click = Image1.Click = [this] { Unload(); };
   Label1.Click = Label2.Click = [this](Integer) { Unload(); };
 }

@@ -50,8 +50,8 @@ FrmHelp::FrmHelp(Programa& dono)
     : Form(dono.Palco, "FrmHelp", {0, 0, 12885, 9000}),
       Picture1(*this, {2520, 960, 6495, 6615}),
       Image2(Picture1, {120, 0, 3690, 585}, nullptr, false),
-      ImagePower(Picture1, [&dono](auto& array) { DesenhaImagens(array, dono.Palco); }),
-      Label(Picture1, DesenhaTextos) {
+      ImagePower(Picture1, "ImagePower", [&dono](auto& array) { DesenhaImagens(array, dono.Palco); }),
+      Label(Picture1, "Label", DesenhaTextos) {
   Picture1.Click = Image2.Click = [this] { Unload(); };
   ImagePower.Click = Label.Click = [this](Integer) { Unload(); };
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "stage/controls.h"
@@ -15,9 +16,9 @@ class ControlArray {
   std::function<void(Integer Index)> Click;
   std::function<void(Integer Index, Integer Button, Integer Shift, Single X, Single Y)> MouseMove;
 
-  /// `design` fills the array with the elements of the form's design.
-  ControlArray(Container& container, const std::function<void(ControlArray&)>& design)
-      : container_(container) {
+  /// `design` fills the array with the elements of the form's design. Errors name the array by `name`.
+  ControlArray(Container& container, std::string name, const std::function<void(ControlArray&)>& design)
+      : container_(container), name_(std::move(name)) {
     design(*this);
   }
   ControlArray(const ControlArray&) = delete;
@@ -33,18 +34,17 @@ class ControlArray {
 
   /// Creates an element after the lowest one there is, hidden. Raises RuntimeError if it exists.
   void Load(Integer index) {
-    if (Exists(index)) throw RuntimeError("element is loaded already");
+    if (Exists(index)) Refuse(index, "is loaded already");
     const auto lowest =
         std::ranges::find_if(elements_, [](const auto& element) { return element != nullptr; });
-    if (lowest == elements_.end()) throw RuntimeError("array without elements");
+    if (lowest == elements_.end()) Refuse(index, "has no element to be made after");
     Put(index, std::make_unique<Element>(container_, **lowest));
   }
 
   /// Removes an element made by Load. Raises RuntimeError if there is none.
   void Unload(Integer index) {
-    if (!Exists(index)) throw RuntimeError("element does not exist");
-    if (Slot(index) < designed_.size() && designed_[Slot(index)])
-      throw RuntimeError("element is of the design");
+    if (!Exists(index)) Refuse(index, "does not exist");
+    if (Slot(index) < designed_.size() && designed_[Slot(index)]) Refuse(index, "is of the design");
     elements_[Slot(index)].reset();
   }
 
@@ -54,7 +54,7 @@ class ControlArray {
 
   /// Raises RuntimeError if there is no such element.
   Element& operator()(Integer index) {
-    if (!Exists(index)) throw RuntimeError("element does not exist");
+    if (!Exists(index)) Refuse(index, "does not exist");
     return *elements_[Slot(index)];
   }
 
@@ -62,10 +62,13 @@ class ControlArray {
   Integer End() const { return Integer(elements_.size()); }
 
  private:
+  [[noreturn]] void Refuse(Integer index, const char* why) const {
+    throw RuntimeError(name_ + '(' + std::to_string(index) + ") " + why);
+  }
   static std::size_t Slot(Integer index) { return static_cast<std::size_t>(int(index)); }
 
   void Put(Integer index, std::unique_ptr<Element> element) {
-    if (index < 0) throw RuntimeError("index out of bounds");
+    if (index < 0) Refuse(index, "is out of bounds");
     element->Click = [this, index] {
       if (Click) Click(index);
     };
@@ -77,6 +80,7 @@ class ControlArray {
   }
 
   Container& container_;
+  std::string name_;
   std::vector<std::unique_ptr<Element>> elements_;
   std::vector<bool> designed_;
 };

@@ -61,7 +61,7 @@ Control::Control(Container& container, const Design& design, Layer layer)
 
 Control::~Control() {
   container_.Remove(*this);
-  container_.Owner().Damage(painted_);
+  container_.Owner().Forget(*this);
 }
 
 void Control::Changing() {

@@ -74,7 +74,10 @@ void Form::Changing() {
 
 void Form::Touch() { stage_.Touch(); }
 
-void Form::Damage(const PixelRect& pixels) { stage_.Damage(pixels); }
+void Form::Forget(const Control& control) {
+  if (focus_ == &control) focus_ = nullptr;
+  stage_.Damage(control.Painted());
+}
 
 void Form::TakeChanges(const Viewport& viewport, bool anew, Region& changed) {
   const bool moved = changed_ || anew;

@@ -56,8 +56,8 @@ class Form : public Container {
 
   /// Something on the form has to be painted anew.
   void Touch();
-  /// What stood on these pixels is gone.
-  void Damage(const PixelRect& pixels);
+  /// A control of the form is gone.
+  void Forget(const Control& control);
   /// Adds the pixels to paint anew since the last call. `anew` tells that the screen lies on the display in
   /// another way than at that call.
   void TakeChanges(const Viewport& viewport, bool anew, Region& changed);

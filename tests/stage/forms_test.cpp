@@ -1,6 +1,7 @@
 // Controls, arrays of them, and how the pointer and the keys find them.
 #include <gtest/gtest.h>
 
+#include "stage/text_box.h"
 #include "tests/stage/bench.h"
 
 namespace {
@@ -36,7 +37,7 @@ TEST_F(Forms, SizesTurnIntoUnitsOfTheContainer) {
 }
 
 TEST_F(Forms, ArraysMakeElementsAfterTheLowest) {
-  ControlArray<Image> array(*form, [&](auto& fresh) {
+  ControlArray<Image> array(*form, "array", [&](auto& fresh) {
     fresh.Design(0, Design{1080, 480, 465, 225}, nullptr, true);
     fresh(0).Visible = true;
   });
@@ -46,19 +47,27 @@ TEST_F(Forms, ArraysMakeElementsAfterTheLowest) {
   EXPECT_EQ(array(3).Left, array(0).Left);
   EXPECT_EQ(array(3).Width, array(0).Width);
   EXPECT_EQ(array(3).Picture.Get(), nullptr);
-  EXPECT_THROW(array.Load(3), RuntimeError);
-  EXPECT_THROW(array.Load(-1), RuntimeError);
-  EXPECT_THROW(array(1), RuntimeError);
-  EXPECT_THROW(array.Unload(0), RuntimeError);
-  EXPECT_THROW(array.Unload(9), RuntimeError);
+  const auto refused = [](const std::function<void()>& statement) -> std::string {
+    try {
+      statement();
+      return "";
+    } catch (const RuntimeError& error) {
+      return error.what();
+    }
+  };
+  EXPECT_EQ(refused([&] { array.Load(3); }), "array(3) is loaded already");
+  EXPECT_EQ(refused([&] { array.Load(-1); }), "array(-1) is out of bounds");
+  EXPECT_EQ(refused([&] { array(1).Refresh(); }), "array(1) does not exist");
+  EXPECT_EQ(refused([&] { array.Unload(0); }), "array(0) is of the design");
+  EXPECT_EQ(refused([&] { array.Unload(9); }), "array(9) does not exist");
   array.Unload(3);
-  EXPECT_THROW(array.Unload(3), RuntimeError);
+  EXPECT_EQ(refused([&] { array.Unload(3); }), "array(3) does not exist");
   array.Load(3);
 }
 
 TEST_F(Forms, ThePointerFindsTheTopmostVisibleControl) {
   std::string hits;
-  ControlArray<Image> array(*form, [&](auto& fresh) {
+  ControlArray<Image> array(*form, "array", [&](auto& fresh) {
     fresh.Design(1, Design{0, 0, 1500, 1500}, ball, true);
   });
   array.Load(2);
@@ -93,6 +102,17 @@ TEST_F(Forms, ThePointerFindsTheTopmostVisibleControl) {
   EXPECT_EQ(form->Notes(), "move click ");
   EXPECT_NEAR(form->x, 6000 / 0.99375004, 0.01);
   EXPECT_NEAR(form->y, 4500 / 0.89999974, 0.01);
+}
+
+TEST_F(Forms, AControlThatIsGoneHasNoFocus) {
+  bench.theatre.Show(form, kModeless);
+  auto box = std::make_unique<TextBox>(*form, Design{0, 0, 900, 300}, Style{}, "", 9);
+  box->SetFocus();
+  box.reset();
+  EXPECT_EQ(form->Focus(), nullptr);
+  bench.Press(65);
+  bench.Type("a");
+  bench.Press(key::kTab);
 }
 
 TEST_F(Forms, AModalFormTakesAllInput) {

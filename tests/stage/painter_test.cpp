@@ -15,7 +15,7 @@ TEST(Painting, OfChangesEqualsPaintingAnew) {
     Bench bench({12000, 9000}, scale, 144);
     bench.platform.Look(true);
     const auto form = std::make_shared<NotingForm>(bench.theatre);
-    ControlArray<Image> blocks(*form, [&](auto& array) {
+    ControlArray<Image> blocks(*form, "blocks", [&](auto& array) {
       array.Design(0, Design{0, 0, 480, 240}, bench.theatre.Pictures.Named("ImagePedra1"), true);
     });
     Image ball(*form, {0, 0, 225, 225}, bench.theatre.Pictures.Named("Imageball0"), false);
