@@ -44,8 +44,9 @@ SdlPlatform::Session::Session() {
   if (SDL_Init(SDL_INIT_VIDEO) != 0) throw NoDisplay("no display to play on");
 }
 
-// The voice closes the sound device, or leaves it open if that hangs.
-SdlPlatform::Session::~Session() { SDL_QuitSubSystem(SDL_INIT_VIDEO); }
+SdlPlatform::Session::~Session() {
+  if (!left_open_) SDL_QuitSubSystem(SDL_INIT_VIDEO);
+}
 
 void SdlPlatform::DestroyWindow::operator()(SDL_Window* window) const { SDL_DestroyWindow(window); }
 
@@ -63,6 +64,7 @@ SdlPlatform::SdlPlatform(const char* title, const char* name)
 
 SdlPlatform::~SdlPlatform() {
   if (work_.valid()) work_.wait_for(kPatience);
+  if (!voice_->Close()) session_.LeaveOpen();
 }
 
 PixelSize SdlPlatform::DisplaySize() {

@@ -51,6 +51,11 @@ class SdlPlatform : public Platform {
     ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
+    /// Something else is still at work with SDL; it ends with the program.
+    void LeaveOpen() { left_open_ = true; }
+
+   private:
+    bool left_open_ = false;
   };
   struct DestroyWindow {
     void operator()(SDL_Window* window) const;

@@ -2,11 +2,11 @@
 
 #include <SDL.h>
 #include <SDL_mixer.h>
-#include <fcntl.h>
-#include <unistd.h>
+#include <dlfcn.h>
 
-#include <atomic>
+#include <chrono>
 #include <system_error>
+#include <utility>
 
 #include "stage/sdl/beside.h"
 #include "stage/text_file.h"
@@ -20,7 +20,21 @@ constexpr int kChannel = 0;
 constexpr auto kPatience = std::chrono::seconds(1);
 constexpr std::size_t kMostBytes = 16 << 20;
 
+// NOLINTNEXTLINE(cert-dcl50-cpp): ALSA's library wants it so
+void SayNothing(const char* /*file*/, int /*line*/, const char* /*function*/, int /*error*/,
+                const char* /*format*/, ...) {}
+
+/// A machine without a sound device is no error: the library below SDL is to keep its complaints to itself.
+void SilenceAlsa() {
+  using SetHandler = int (*)(decltype(&SayNothing));
+  void* const library = dlopen("libasound.so.2", RTLD_LAZY);
+  if (library == nullptr) return;
+  const auto set = reinterpret_cast<SetHandler>(dlsym(library, "snd_lib_error_set_handler"));
+  if (set != nullptr) set(&SayNothing);
+}
+
 bool OpenDevice() {
+  SilenceAlsa();
   if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return false;
   if (Mix_OpenAudio(kRate, AUDIO_S16SYS, 1, kBufferFrames) == 0) return true;
   SDL_QuitSubSystem(SDL_INIT_AUDIO);
@@ -39,67 +53,41 @@ Mix_Chunk* Load(const std::filesystem::path& file) {
 
 }  // namespace
 
-/// The sound library below SDL complains on stderr about machines without a sound device. What the program
-/// itself has to say comes later than that.
-class Voice::Quiet {
- public:
-  Quiet() : stderr_(fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 0)) {
-    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
-    if (stderr_ >= 0) dup2(nowhere, STDERR_FILENO);
-    close(nowhere);
-  }
-  ~Quiet() { End(); }
-  Quiet(const Quiet&) = delete;
-  Quiet& operator=(const Quiet&) = delete;
-
-  void End() {
-    const int saved = stderr_.exchange(-1);
-    if (saved < 0) return;
-    dup2(saved, STDERR_FILENO);
-    close(saved);
-  }
-
- private:
-  std::atomic<int> stderr_;
-};
-
-Voice::Voice() : quiet_(std::make_shared<Quiet>()), patience_(Clock::now() + kPatience) {
+Voice::Voice() {
   try {
-    opening_ = Beside([quiet = quiet_] {
-      const bool open = OpenDevice();
-      quiet->End();
-      return open;
-    });
+    opening_ = Beside(OpenDevice);
   } catch (const std::system_error&) {
-    quiet_->End();
+    open_ = false;
   }
 }
 
-Voice::~Voice() {
-  const auto end = Clock::now() + kPatience;
-  if (opening_.valid() && opening_.wait_until(end) == std::future_status::ready) open_ = opening_.get();
-  quiet_->End();
-  if (!open_) return;
+Voice::~Voice() { Close(); }
+
+bool Voice::Close() {
+  const auto end = std::chrono::steady_clock::now() + kPatience;
+  if (auto opening = std::exchange(opening_, {}); opening.valid()) {
+    if (opening.wait_until(end) != std::future_status::ready) return false;
+    open_ = opening.get();
+  }
+  if (!std::exchange(open_, false)) return true;
   try {
-    Beside([sounds = std::move(sounds_)]() mutable {
+    const auto closing = Beside([sounds = std::move(sounds_)]() mutable {
       Mix_HaltChannel(-1);
       sounds.clear();
       Mix_CloseAudio();
       SDL_QuitSubSystem(SDL_INIT_AUDIO);
-    }).wait_until(end);
+    });
+    return closing.wait_until(end) == std::future_status::ready;
   } catch (const std::system_error&) {
-    return;  // the device closes with the program
+    return true;  // the device closes with the program
   }
 }
 
 void Voice::FreeChunk::operator()(Mix_Chunk* chunk) const { Mix_FreeChunk(chunk); }
 
 bool Voice::Ready() {
-  if (!opening_.valid()) return open_;
-  if (opening_.wait_for(std::chrono::seconds(0)) == std::future_status::ready) {
+  if (opening_.valid() && opening_.wait_for(std::chrono::seconds(0)) == std::future_status::ready) {
     open_ = opening_.get();
-  } else if (Clock::now() > patience_) {
-    quiet_->End();
   }
   return open_;
 }

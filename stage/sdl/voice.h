@@ -1,7 +1,6 @@
 // One voice for short sounds.
 #pragma once
 
-#include <chrono>
 #include <filesystem>
 #include <future>
 #include <map>
@@ -22,19 +21,17 @@ class Voice {
   Voice& operator=(const Voice&) = delete;
   ~Voice();
 
+  /// Falls silent for good. False if the device hangs; its library may then still be at work.
+  bool Close();
   void Play(const std::filesystem::path& file);
 
  private:
   struct FreeChunk {
     void operator()(Mix_Chunk* chunk) const;
   };
-  class Quiet;
-  using Clock = std::chrono::steady_clock;
 
   bool Ready();
 
-  std::shared_ptr<Quiet> quiet_;
-  Clock::time_point patience_;  // when nobody waits any longer for the device to open
   std::future<bool> opening_;
   bool open_ = false;
   std::map<std::string, std::unique_ptr<Mix_Chunk, FreeChunk>> sounds_;
