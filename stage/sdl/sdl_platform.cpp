@@ -25,6 +25,12 @@ std::string TakeString(char* text) {
   return owned ? std::string(owned.get()) : std::string();
 }
 
+/// With SDL's reason, if it has one.
+NoDisplay Refusal(const std::string& what) {
+  const std::string why = SDL_GetError();
+  return NoDisplay(why.empty() ? what : what + ": " + why);
+}
+
 bool IsMove(const Event& event) { return std::holds_alternative<PointerMoved>(event); }
 
 int Rounded(Double value) { return static_cast<int>(std::lround(value)); }
@@ -41,7 +47,7 @@ SdlPlatform::Session::Session() {
   const char* const wayland_display = SDL_getenv("WAYLAND_DISPLAY");
   const bool wayland = wayland_display != nullptr && *wayland_display != '\0';
   SDL_SetHint(SDL_HINT_VIDEODRIVER, wayland ? "x11,wayland,KMSDRM" : "x11,KMSDRM");
-  if (SDL_Init(SDL_INIT_VIDEO) != 0) throw NoDisplay("no display to play on");
+  if (SDL_Init(SDL_INIT_VIDEO) != 0) throw Refusal("no display to play on");
 }
 
 SdlPlatform::Session::~Session() {
@@ -57,7 +63,10 @@ SdlPlatform::SdlPlatform(const char* title, const char* name)
   window_.reset(SDL_CreateWindow(title, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, area.w, area.h,
                                  SDL_WINDOW_FULLSCREEN_DESKTOP | SDL_WINDOW_BORDERLESS |
                                      SDL_WINDOW_ALLOW_HIGHDPI | SDL_WINDOW_MOUSE_GRABBED));
-  if (!window_ || SDL_GetWindowSurface(window_.get()) == nullptr) throw NoDisplay(SDL_GetError());
+  if (!window_) throw Refusal("no window on this display");
+  const SDL_Surface* const surface = SDL_GetWindowSurface(window_.get());
+  if (surface == nullptr) throw Refusal("no picture on this display");
+  if (surface->format->BytesPerPixel != sizeof(Pixel)) throw NoDisplay("the display has too few colours");
   connection_ = Connection(window_.get());
   voice_.emplace();
 }
@@ -75,7 +84,7 @@ PixelSize SdlPlatform::DisplaySize() {
 
 std::optional<Framebuffer> SdlPlatform::Canvas() {
   const SDL_Surface* const surface = SDL_GetWindowSurface(window_.get());
-  if (surface == nullptr || surface->format->BytesPerPixel != sizeof(Pixel)) return std::nullopt;
+  if (surface == nullptr) return std::nullopt;
   return Framebuffer{{surface->w, surface->h},
                      static_cast<Pixel*>(surface->pixels),
                      surface->pitch / static_cast<int>(sizeof(Pixel))};
