@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <map>
 #include <string>
 
 namespace stage::sdl {
@@ -44,14 +45,39 @@ Uint32 PixelAt(const SDL_Surface& surface, int x, int y) {
 
 }  // namespace
 
-Artist::Artist() { TTF_Init(); }
+/// Fonts by their bytes, each opened once and set to the size that is asked for.
+class Artist::Fonts {
+ public:
+  Fonts() { TTF_Init(); }
+  ~Fonts() {
+    opened_.clear();
+    TTF_Quit();
+  }
+  Fonts(const Fonts&) = delete;
+  Fonts& operator=(const Fonts&) = delete;
 
-Artist::~Artist() {
-  fonts_.clear();
-  TTF_Quit();
-}
+  /// Null if the bytes are no font.
+  TTF_Font* At(const Face& face) {
+    auto& font = opened_[face.file.data()];
+    if (!font) {
+      SDL_RWops* const source = SDL_RWFromConstMem(face.file.data(), static_cast<int>(face.file.size()));
+      font.reset(TTF_OpenFontRW(source, 1, face.pixels));
+    } else {
+      TTF_SetFontSize(font.get(), face.pixels);
+    }
+    return font.get();
+  }
 
-void Artist::CloseFont::operator()(TTF_Font* font) const { TTF_CloseFont(font); }
+ private:
+  struct CloseFont {
+    void operator()(TTF_Font* font) const { TTF_CloseFont(font); }
+  };
+  std::map<const char*, std::unique_ptr<TTF_Font, CloseFont>> opened_;
+};
+
+Artist::Artist() : fonts_(std::make_unique<Fonts>()) {}
+
+Artist::~Artist() = default;
 
 Bitmap Artist::Draw(std::string_view svg, PixelSize size) {
   Bitmap bitmap{size, std::vector<Pixel>(std::size_t(size.width) * std::size_t(size.height), 0)};
@@ -69,20 +95,9 @@ Bitmap Artist::Draw(std::string_view svg, PixelSize size) {
   return bitmap;
 }
 
-TTF_Font* Artist::Opened(const Face& face) {
-  auto& font = fonts_[face.file.data()];
-  if (!font) {
-    SDL_RWops* const source = SDL_RWFromConstMem(face.file.data(), static_cast<int>(face.file.size()));
-    font.reset(TTF_OpenFontRW(source, 1, face.pixels));
-  } else {
-    TTF_SetFontSize(font.get(), face.pixels);
-  }
-  return font.get();
-}
-
 Coverage Artist::Write(const Face& face, std::string_view text) {
   Coverage coverage;
-  TTF_Font* const font = Opened(face);
+  TTF_Font* const font = fonts_->At(face);
   if (font == nullptr || text.empty()) return coverage;
   const Surface written(TTF_RenderUTF8_Blended(font, std::string(text).c_str(), {255, 255, 255, 255}));
   if (!written) return coverage;
@@ -96,14 +111,14 @@ Coverage Artist::Write(const Face& face, std::string_view text) {
 }
 
 int Artist::TextWidth(const Face& face, std::string_view text) {
-  TTF_Font* const font = Opened(face);
+  TTF_Font* const font = fonts_->At(face);
   int width = 0;
   if (font != nullptr) TTF_SizeUTF8(font, std::string(text).c_str(), &width, nullptr);
   return width;
 }
 
 int Artist::Ascent(const Face& face) {
-  const TTF_Font* const font = Opened(face);
+  const TTF_Font* const font = fonts_->At(face);
   return font == nullptr ? 0 : TTF_FontAscent(font);
 }
 

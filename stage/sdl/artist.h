@@ -1,12 +1,9 @@
 // Draws with SDL2_image and SDL2_ttf, without a display.
 #pragma once
 
-#include <map>
 #include <memory>
 
 #include "stage/artist.h"
-
-struct _TTF_Font;  // NOLINT(bugprone-reserved-identifier): SDL2_ttf names it so
 
 namespace stage::sdl {
 
@@ -22,12 +19,9 @@ class Artist : public stage::Artist {
   bool SavePng(const Framebuffer& picture, const std::filesystem::path& file) override;
 
  private:
-  struct CloseFont {
-    void operator()(_TTF_Font* font) const;
-  };
-  _TTF_Font* Opened(const Face& face);
+  class Fonts;
 
-  std::map<const char*, std::unique_ptr<_TTF_Font, CloseFont>> fonts_;
+  std::unique_ptr<Fonts> fonts_;
 };
 
 }  // namespace stage::sdl

@@ -24,17 +24,18 @@ constexpr std::size_t kMostBytes = 16 << 20;
 void SayNothing(const char* /*file*/, int /*line*/, const char* /*function*/, int /*error*/,
                 const char* /*format*/, ...) {}
 
-/// A machine without a sound device is no error: the library below SDL is to keep its complaints to itself.
-void SilenceAlsa() {
+/// A machine without a sound device is no error: the libraries below SDL are to keep their complaints to
+/// themselves, or to tell them the system's log.
+void SilenceLibraries() {
+  SDL_setenv("PULSE_LOG_SYSLOG", "1", 0);
   using SetHandler = int (*)(decltype(&SayNothing));
-  void* const library = dlopen("libasound.so.2", RTLD_LAZY);
-  if (library == nullptr) return;
-  const auto set = reinterpret_cast<SetHandler>(dlsym(library, "snd_lib_error_set_handler"));
+  void* const alsa = dlopen("libasound.so.2", RTLD_LAZY);
+  if (alsa == nullptr) return;
+  const auto set = reinterpret_cast<SetHandler>(dlsym(alsa, "snd_lib_error_set_handler"));
   if (set != nullptr) set(&SayNothing);
 }
 
 bool OpenDevice() {
-  SilenceAlsa();
   if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return false;
   if (Mix_OpenAudio(kRate, AUDIO_S16SYS, 1, kBufferFrames) == 0) return true;
   SDL_QuitSubSystem(SDL_INIT_AUDIO);
@@ -54,6 +55,7 @@ Mix_Chunk* Load(const std::filesystem::path& file) {
 }  // namespace
 
 Voice::Voice() {
+  SilenceLibraries();
   try {
     opening_ = Beside(OpenDevice);
   } catch (const std::system_error&) {
