@@ -1,5 +1,7 @@
 #include "tests/window/desktop.h"
 
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -8,22 +10,16 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
-#include <fstream>
 #include <sstream>
 #include <thread>
+
+#include "tools/files.h"
 
 namespace tests {
 namespace {
 
 constexpr auto kStep = std::chrono::milliseconds(20);
-constexpr auto kLongest = std::chrono::seconds(15);
-
-/// A display number that no server has.
-std::string FreeDisplay() {
-  int number = 50 + getpid() % 400;
-  while (std::filesystem::exists("/tmp/.X11-unix/X" + std::to_string(number))) ++number;
-  return ":" + std::to_string(number);
-}
+constexpr auto kLongest = std::chrono::seconds(60);
 
 }  // namespace
 
@@ -59,11 +55,6 @@ int Process::WaitForEnd() {
   return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-Colour Screenshot::At(int x, int y) const {
-  const std::size_t place = (std::size_t(y) * std::size_t(width) + std::size_t(x)) * 3;
-  return {bytes[place], bytes[place + 1], bytes[place + 2]};
-}
-
 Screenshot::Found Screenshot::Find(int left, int top, int right, int bottom,
                                    const std::function<bool(const Colour&)>& fits) const {
   Found found;
@@ -84,32 +75,63 @@ Screenshot::Found Screenshot::Find(int left, int top, int right, int bottom,
   return found;
 }
 
-Desktop::Desktop(int width, int height)
-    : display_(FreeDisplay()),
-      server_({"Xvfb", display_, "-nolisten", "tcp", "-screen", "0",
-               std::to_string(width) + "x" + std::to_string(height) + "x24"},
+/// A connection to the server for looking only.
+class Desktop::Eye {
+ public:
+  explicit Eye(const std::string& display) : connection_(XOpenDisplay(display.c_str()), XCloseDisplay) {}
+
+  Screenshot Look() const {
+    Display* const display = connection_.get();
+    Screenshot shot;
+    shot.width = DisplayWidth(display, DefaultScreen(display));
+    shot.height = DisplayHeight(display, DefaultScreen(display));
+    const std::unique_ptr<XImage, int (*)(XImage*)> image(
+        XGetImage(display, DefaultRootWindow(display), 0, 0, unsigned(shot.width), unsigned(shot.height),
+                  AllPlanes, ZPixmap),
+        [](XImage* seen) { return XDestroyImage(seen); });
+    for (int y = 0; y < shot.height; ++y) {
+      for (int x = 0; x < shot.width; ++x) {
+        const unsigned long pixel = XGetPixel(image.get(), x, y);
+        shot.pixels.push_back({int(pixel >> 16 & 255U), int(pixel >> 8 & 255U), int(pixel & 255U)});
+      }
+    }
+    return shot;
+  }
+
+ private:
+  std::unique_ptr<Display, int (*)(Display*)> connection_;
+};
+
+// The server looks for a free number itself and tells it. Keys do not repeat: on a busy machine they would.
+Desktop::Desktop(int width, int height, int depth)
+    : server_({"sh", "-c",
+               "exec Xvfb -displayfd 3 -nolisten tcp -r -screen 0 " + std::to_string(width) + "x" +
+                   std::to_string(height) + "x" + std::to_string(depth) + " 3>" +
+                   (folder_.Path() / "number").string()},
               {}, "/dev/null") {
-  Eventually([&] { return std::filesystem::exists("/tmp/.X11-unix/X" + display_.substr(1)); });
+  std::string number;
+  Eventually([&] {
+    number = tools::ReadFile(folder_.Path() / "number");
+    return number.ends_with('\n');
+  });
+  display_ = ":" + number.substr(0, number.find('\n'));
+  eye_ = std::make_unique<Eye>(display_);
 }
 
-Screenshot Desktop::Look() const {
-  const std::string file = "/tmp/korvane-look-" + display_.substr(1) + ".ppm";
-  Process({"import", "-window", "root", "-depth", "8", file}, Environment()).WaitForEnd();
-  std::ifstream stream(file, std::ios::binary);
-  std::string magic;
-  int most = 0;
-  Screenshot shot;
-  stream >> magic >> shot.width >> shot.height >> most;
-  stream.get();
-  shot.bytes.assign(std::istreambuf_iterator<char>(stream), {});
-  std::filesystem::remove(file);
-  return shot;
-}
+Desktop::~Desktop() = default;
+
+Screenshot Desktop::Look() const { return eye_->Look(); }
 
 void Desktop::Hand(const std::string& xdotool_words) const {
   std::vector<std::string> command{"xdotool"};
   std::istringstream words(xdotool_words);
   for (std::string word; words >> word;) command.push_back(word);
+  Run(command);
+}
+
+void Desktop::TakeLayout(const std::string& name) const { Run({"setxkbmap", name}); }
+
+void Desktop::Run(const std::vector<std::string>& command) const {
   Process(command, Environment()).WaitForEnd();
 }
 

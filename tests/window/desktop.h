@@ -6,8 +6,11 @@
 #include <array>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
+
+#include "tools/temp_folder.h"
 
 namespace tests {
 
@@ -36,10 +39,13 @@ using Colour = std::array<int, 3>;
 struct Screenshot {
   int width = 0;
   int height = 0;
-  std::vector<unsigned char> bytes;
+  std::vector<Colour> pixels;
 
-  Colour At(int x, int y) const;
-  /// The middle of all pixels of a rectangle that `fits` accepts, and how many there are.
+  const Colour& At(int x, int y) const {
+    return pixels[std::size_t(y) * std::size_t(width) + std::size_t(x)];
+  }
+  /// The middle of all pixels of a rectangle that `fits` accepts, how many there are, and the leftmost column
+  /// of them.
   struct Found {
     double x = 0;
     double y = 0;
@@ -51,18 +57,29 @@ struct Screenshot {
 
 class Desktop {
  public:
-  Desktop(int width, int height);
+  Desktop(int width, int height, int depth = 24);
+  ~Desktop();
+  Desktop(const Desktop&) = delete;
+  Desktop& operator=(const Desktop&) = delete;
 
   Screenshot Look() const;
   void Hand(const std::string& xdotool_words) const;
+  /// Keys type what they do in this layout.
+  void TakeLayout(const std::string& name) const;
   std::vector<std::string> Environment() const { return {"DISPLAY=" + display_}; }
 
  private:
-  std::string display_;
+  class Eye;
+
+  void Run(const std::vector<std::string>& command) const;
+
+  tools::TempFolder folder_;
   Process server_;
+  std::string display_;
+  std::unique_ptr<Eye> eye_;
 };
 
-/// Waits until the condition holds; false if that takes too long.
+/// Waits until the condition holds; false if that takes far too long.
 bool Eventually(const std::function<bool()>& condition);
 
 }  // namespace tests
