@@ -1,6 +1,5 @@
 # Sourced by tools/faults: a display, the real program on it, a hand, and what can be seen from outside.
 
-display=${KORVANE_DISPLAY:-71}
 worse=0     # expectations that were not met
 tried=0     # all that were looked at
 endings=()  # what to do at the end, last first
@@ -62,15 +61,16 @@ eventually() {
 
 # The display and the hand.
 
+# The server looks for a free number itself.
 open_display() {
-  export DISPLAY=":$display"
-  display=$((display + 1))
-  [ $display -le $((${KORVANE_DISPLAY:-71} + 1)) ] || display=${KORVANE_DISPLAY:-71}
-  Xvfb "$DISPLAY" -screen 0 800x600x24 -nolisten tcp -ac 2>/dev/null &
+  : >"$desk/display"
+  Xvfb -displayfd 3 -screen 0 800x600x24 -nolisten tcp -ac 3>"$desk/display" 2>/dev/null &
   server=$!
   disown
   at_end kill "$server"
-  eventually xdotool getmouselocation || fail "no display $DISPLAY"
+  eventually test -s "$desk/display" || fail "no display"
+  DISPLAY=":$(<"$desk/display")"
+  export DISPLAY
 }
 
 hand() { xdotool "$@" 2>/dev/null; }
@@ -113,7 +113,7 @@ close_help() {
 
 help_closed() {
   field_is_up && return
-  hand key F1
+  hand key Return
   sleep 0.3
   field_is_up
 }
