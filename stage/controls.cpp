@@ -182,11 +182,12 @@ Line Label::LineThatFits(const Viewport& viewport) const {
   Line line{style_.font, style_.align};
   line.font.points = Single(FontSize);
   if (style_.fit_to_text) return line;
-  const int ascent = Made().Ascent(line.font, scale);
-  while (line.font.points > 1 && Made().TextWidth(line.font, scale, Caption.Get()) > room) {
-    line.font.points *= kSmaller;
-  }
-  line.drop = ascent - Made().Ascent(line.font, scale);
+  Font smaller = line.font;
+  while (smaller.points > 1 && Made().TextWidth(smaller, scale, Caption.Get()) > room)
+    smaller.points *= kSmaller;
+  if (smaller.points == line.font.points) return line;
+  line.drop = Made().Ascent(line.font, scale) - Made().Ascent(smaller, scale);
+  line.font = smaller;
   return line;
 }
 
