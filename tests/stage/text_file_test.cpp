@@ -123,11 +123,18 @@ TEST_F(Replacing, FallsIntoNoTrap) {
 }
 
 TEST_F(Replacing, WaitsForAnotherWriterButNotForEver) {
+  struct Writer {
+    explicit Writer(const std::filesystem::path& path) : held(open(path.c_str(), O_WRONLY | O_CREAT, 0600)) {
+      EXPECT_EQ(flock(held, LOCK_EX), 0);
+    }
+    ~Writer() { close(held); }
+    int held;
+  };
   tests::WriteFile(victim, "old");
-  const int held = open(fresh.c_str(), O_WRONLY | O_CREAT, 0600);
-  ASSERT_EQ(flock(held, LOCK_EX), 0);
-  ExpectRefused();
-  close(held);
+  {
+    const Writer writer(fresh);
+    ExpectRefused();
+  }
   stage::WriteWhole(file, "new");
   EXPECT_EQ(tests::ReadFile(file), "new");
 }

@@ -180,21 +180,33 @@ TEST_F(AnyWindow, WithoutADisplayOrColoursOneLineSaysWhy) {
   }
 }
 
+/// A sound server that takes calls and never answers.
+class MuteServer {
+ public:
+  explicit MuteServer(const std::string& address) {
+    sockaddr_un place{};
+    place.sun_family = AF_UNIX;
+    address.copy(place.sun_path, sizeof place.sun_path - 1);
+    EXPECT_EQ(bind(socket_, reinterpret_cast<const sockaddr*>(&place), sizeof place), 0);
+    EXPECT_EQ(listen(socket_, 5), 0);
+  }
+  ~MuteServer() { close(socket_); }
+  MuteServer(const MuteServer&) = delete;
+  MuteServer& operator=(const MuteServer&) = delete;
+
+ private:
+  int socket_ = socket(AF_UNIX, SOCK_STREAM, 0);
+};
+
 TEST_F(Window, ASoundServerThatHangsHidesNoLine) {
   const std::string address = (folder_.Path() / "sound").string();
-  const int mute = socket(AF_UNIX, SOCK_STREAM, 0);
-  sockaddr_un place{};
-  place.sun_family = AF_UNIX;
-  address.copy(place.sun_path, sizeof place.sun_path - 1);
-  ASSERT_EQ(bind(mute, reinterpret_cast<const sockaddr*>(&place), sizeof place), 0);
-  ASSERT_EQ(listen(mute, 5), 0);
+  const MuteServer mute(address);
   // Nothing can be written under the name that the records are written under first.
   std::filesystem::create_directory(folder_.Path() / ("kv_his.dat." + std::to_string(getuid()) + ".tmp"));
   Process game = Start({"SDL_AUDIODRIVER=pulseaudio", "PULSE_SERVER=unix:" + address});
   CloseHelp();
   EXPECT_EQ(LinesSaid(), 1) << Content("errors");
   Leave(game);
-  close(mute);
 }
 
 TEST_F(Window, ARecordIsMadeAndKept) {
@@ -269,12 +281,13 @@ INSTANTIATE_TEST_SUITE_P(All, WindowOnADisplay,
                          testing::PrintToStringParamName());
 
 TEST_P(WindowOnADisplay, ThePaddleFollowsToTheEdgesAndAClickThereLaunches) {
-  const auto [width, height] = GetParam();
+  const int width = GetParam().width;
+  const int height = GetParam().height;
   const Desktop desktop(width, height);
   const int shown = std::min(height, width * 4 / 5);
   const int top = (height - shown) / 2;
-  const auto line = [&, top = top](int of_600) { return top + of_600 * shown / 600; };
-  const auto look = [&, width = width](int from, int to, bool (*fits)(const Colour&)) {
+  const auto line = [&](int of_600) { return top + of_600 * shown / 600; };
+  const auto look = [&](int from, int to, bool (*fits)(const Colour&)) {
     return desktop.Look().Find(0, line(from), width, line(to), fits);
   };
   const auto field_is_up = [&] { return look(546, 560, IsLit).count > width * 5; };
