@@ -68,13 +68,15 @@ void GlideSet::Beat() {
 
 void GlideSet::Show() {
   if (platform_.RefreshRate() == 0) return;
-  const Double since = Double((RefreshAt(LastRefresh()) - beat_).count()) / Double(kBeat.count());
+  const Moment refresh = platform_.LastFrame().value_or(RefreshAt(LastRefresh()));
+  const Double since = Double((refresh - beat_).count()) / Double(kBeat.count());
   for (Glide* glide : glides_) glide->Show(since);
 }
 
 Moment GlideSet::NextRefresh() const {
-  const bool waiting = std::ranges::any_of(glides_, &Glide::UnderWay);
-  return waiting ? RefreshAt(LastRefresh() + 1) : Moment::max();
+  if (std::ranges::none_of(glides_, &Glide::UnderWay)) return Moment::max();
+  if (const auto told = platform_.LastFrame()) return *told + RefreshAt(5) / 4;  // at the latest
+  return RefreshAt(LastRefresh() + 1);
 }
 
 std::int64_t GlideSet::LastRefresh() const {

@@ -46,7 +46,8 @@ class Glide {
   bool under_way_ = false;
 };
 
-/// All that glides on a stage, and the refreshes at which it is seen.
+/// All that glides on a stage, and the refreshes at which it is seen: those that the machine tells of, else
+/// those of a clock that goes at the display's rate.
 class GlideSet {
  public:
   explicit GlideSet(Platform& platform) : platform_(platform) {}
@@ -58,7 +59,8 @@ class GlideSet {
   void Beat();
   /// Shows everything as it is to be seen at the last refresh.
   void Show();
-  /// The next refresh if something glides as last shown, else a time that never comes.
+  /// The next refresh if something glides as last shown, else a time that never comes. A machine that tells
+  /// of refreshes wakes the program earlier.
   Moment NextRefresh() const;
 
  private:

@@ -41,6 +41,9 @@ class Platform {
   virtual std::optional<Framebuffer> Canvas() = 0;
   /// How often a second the display shows a new picture; 0 if nobody sees it move.
   virtual int RefreshRate() = 0;
+  /// When the display last took a new picture; nothing if the machine does not tell. Taking one wakes whoever
+  /// waits for input.
+  virtual std::optional<Moment> LastFrame() = 0;
   /// Shows these rectangles of the canvas.
   virtual void Present(std::span<const PixelRect> changed) = 0;
 

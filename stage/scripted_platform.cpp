@@ -57,6 +57,14 @@ std::optional<Framebuffer> ScriptedPlatform::Canvas() {
   return Framebuffer{size, pixels_.data(), size.width};
 }
 
+std::optional<Moment> ScriptedPlatform::LastFrame() {
+  if (!setup_.refresh_phase) return std::nullopt;
+  constexpr Moment kSecond = std::chrono::seconds(1);
+  const Moment phase = *setup_.refresh_phase;
+  const auto number = (now_ - phase) * setup_.refresh_rate / kSecond;
+  return phase + kSecond * number / setup_.refresh_rate;
+}
+
 void ScriptedPlatform::Present(std::span<const PixelRect> changed) {
   if (presented_.size() > kMostRemembered) presented_.clear();
   presented_.insert(presented_.end(), changed.begin(), changed.end());

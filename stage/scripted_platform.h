@@ -19,6 +19,8 @@ struct ScriptedSetup {
   int refresh_rate = 0;
   /// The folder that the program was installed to, if it was.
   std::filesystem::path installed{};
+  /// How long after those of a clock the display's refreshes come, if it tells of them.
+  std::optional<Moment> refresh_phase{};
   /// Pixels of the display; with none given the screen fills it at that scale.
   PixelSize display{};
 };
@@ -59,6 +61,7 @@ class ScriptedPlatform : public Platform {
   Artist& Drawing() override { return artist_; }
   std::optional<Framebuffer> Canvas() override;
   int RefreshRate() override { return setup_.refresh_rate; }
+  std::optional<Moment> LastFrame() override;
   void Present(std::span<const PixelRect> changed) override;
   std::optional<Event> NextEvent() override;
   void Wait(Moment until, Wake wake) override;

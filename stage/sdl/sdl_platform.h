@@ -32,6 +32,7 @@ class SdlPlatform : public Platform {
   stage::Artist& Drawing() override { return artist_; }
   std::optional<Framebuffer> Canvas() override;
   int RefreshRate() override;
+  std::optional<Moment> LastFrame() override { return std::nullopt; }
   void Present(std::span<const PixelRect> changed) override;
   std::optional<Event> NextEvent() override;
   void Wait(Moment until, Wake wake) override;

@@ -13,9 +13,7 @@ using namespace stage;
 
 class Bench {
  public:
-  explicit Bench(ScreenSize screen = {}, Double scale = 1, int refresh_rate = 0)
-      : platform({screen, scale, 43200, "/nowhere", refresh_rate}, artist),
-        theatre(platform, korvane::Assets(), "Title") {}
+  explicit Bench(ScriptedSetup setup = {}) : platform(std::move(setup), artist) {}
 
   void Beats(int count) {
     for (int i = 0; i < count; ++i) {
@@ -50,7 +48,7 @@ class Bench {
 
   sdl::Artist artist;
   ScriptedPlatform platform;
-  Stage theatre;
+  Stage theatre{platform, korvane::Assets(), "Title"};
 };
 
 /// A form of the whole screen that notes what happens to it.

@@ -12,7 +12,8 @@ constexpr int kRefreshRate = 320;  // five refreshes to a beat
 
 class Gliding : public testing::Test {
  protected:
-  Gliding() {
+  explicit Gliding(std::optional<Moment> refresh_phase = std::nullopt)
+      : bench({.scale = 1, .refresh_rate = kRefreshRate, .refresh_phase = refresh_phase}) {
     bench.platform.Look(true);
     bench.theatre.Show(form, kModeless);
     mover.Tick = [this] {
@@ -37,7 +38,7 @@ class Gliding : public testing::Test {
   static constexpr std::size_t kRow = 107;
   static constexpr Asset kWhite{"white", R"(<svg xmlns="http://www.w3.org/2000/svg" width="15" height="15">
 <rect width="15" height="15" fill="#ffffff"/></svg>)"};
-  Bench bench{{12000, 9000}, 1, kRefreshRate};
+  Bench bench;
   PictureStore pictures{{&kWhite, 1}};
   std::shared_ptr<NotingForm> form = std::make_shared<NotingForm>(bench.theatre);
   Image ball{*form, {1500, 1500, 225, 225}, pictures.Named("white"), false};
@@ -60,6 +61,27 @@ TEST_F(Gliding, PartsEachStepAmongTheRefreshesOfItsBeat) {
     PassRefresh();
     EXPECT_NEAR(SeenLeft(), start + 2.2 * refresh, 0.02) << refresh;
     EXPECT_EQ(ball.Left, 1665 + 165 * (refresh / 5));
+  }
+}
+
+/// On a display that tells when it takes a picture.
+class GlidingAsTold : public Gliding {
+ protected:
+  static constexpr Moment kPhase{1000};
+  GlidingAsTold() : Gliding(kPhase) {}
+};
+
+TEST_F(GlidingAsTold, GoesByTheDisplaysOwnRefreshes) {
+  step = next_step = 165;  // eleven pixels
+  bench.Beats(1);
+  const Double start =
+      100 - 11 * Double((Moment(1000000 / kRefreshRate) - kPhase).count()) / Double(kBeat.count());
+  for (int refresh = 1; refresh <= 12; ++refresh) {
+    const Moment next = *bench.platform.LastFrame() + Moment(1000000 / kRefreshRate);
+    bench.platform.Pass(next - bench.platform.Now());
+    bench.theatre.DoEvents();
+    EXPECT_NEAR(SeenLeft(), start + 2.2 * refresh, 0.02) << refresh;
+    EXPECT_EQ(bench.theatre.Glides().NextRefresh(), next + Moment(1250000 / kRefreshRate));
   }
 }
 

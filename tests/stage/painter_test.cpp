@@ -12,7 +12,7 @@ using namespace tests;
 
 TEST(Painting, OfChangesEqualsPaintingAnew) {
   for (const Double scale : {1.0, 1.8, 0.77}) {
-    Bench bench({12000, 9000}, scale, 144);
+    Bench bench({.scale = scale, .refresh_rate = 144});
     bench.platform.Look(true);
     const auto form = std::make_shared<NotingForm>(bench.theatre);
     ControlArray<Image> blocks(*form, "blocks", [&](auto& array) {
@@ -107,7 +107,7 @@ int SeenApart(const std::vector<Pixel>& pixels, int width) {
 TEST(Painting, LabelsShowTheirTextWhole) {
   for (const Align align : {Align::kLeft, Align::kCenter, Align::kRight}) {
     for (const Double scale : {1.0, 1.8, 3.6}) {
-      Bench bench({12000, 9000}, scale);
+      Bench bench({.scale = scale});
       bench.platform.Look(true);
       const auto form = std::make_shared<NotingForm>(bench.theatre);
       const Label label(*form, {6000, 3000, 1335, 345}, {{"Verdana", 20, true}, Rgb(255, 255, 0), align},
@@ -130,7 +130,7 @@ int LowestSeen(const std::vector<Pixel>& pixels, int width, int left, int right)
 
 TEST(Painting, ATextWrittenSmallerStandsOnTheLineOfItsRow) {
   for (const Double scale : {1.0, 1.37, 1.8, 2.4, 3.6}) {
-    Bench bench({12000, 9000}, scale);
+    Bench bench({.scale = scale});
     bench.platform.Look(true);
     const auto form = std::make_shared<NotingForm>(bench.theatre);
     const Style style{{"Verdana", 20, true}, Rgb(255, 255, 0)};
