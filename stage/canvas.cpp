@@ -110,7 +110,7 @@ void Canvas::DrawBetween(TwipPoint corner, const Picture& picture, PixelSize siz
   }
 }
 
-void Canvas::Write(const TwipRect& rect, const Line& line, const std::string& text, Pixel colour) const {
+void Canvas::Write(const TwipRect& rect, const TextLine& line, const std::string& text, Pixel colour) const {
   if (text.empty()) return;
   const PixelRect place = drawings_.PlaceOf(line, viewport_, rect, text);
   const PixelRect part = place.Cut(clip_);

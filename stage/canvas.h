@@ -31,7 +31,7 @@ class Canvas {
   void Draw(const TwipRect& rect, const Picture& picture, PixelSize size) const;
   /// The picture with its corner anywhere between pixels, each of which it covers in part.
   void DrawBetween(TwipPoint corner, const Picture& picture, PixelSize size) const;
-  void Write(const TwipRect& rect, const Line& line, const std::string& text, Pixel colour) const;
+  void Write(const TwipRect& rect, const TextLine& line, const std::string& text, Pixel colour) const;
   /// In twips.
   Double TextWidth(const Font& font, std::string_view text) const;
   Double TextHeight(const Font& font) const;

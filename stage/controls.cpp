@@ -175,11 +175,11 @@ Label::Label(Container& container, const Design& design, const Style& style, std
 
 Drawings& Label::Made() const { return GetContainer().Owner().OnStage().Painting().Made(); }
 
-Line Label::LineThatFits(const Viewport& viewport) const {
+TextLine Label::LineThatFits(const Viewport& viewport) const {
   constexpr Single kSmaller = 0.97F;
   const Double scale = viewport.Scale();
   const int room = Control::Pixels(viewport).Width();
-  Line line{style_.font, style_.align};
+  TextLine line{style_.font, style_.align};
   line.font.points = Single(FontSize);
   if (style_.fit_to_text) return line;
   Font smaller = line.font;

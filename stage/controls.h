@@ -178,7 +178,7 @@ class Label : public Control {
 
  private:
   Drawings& Made() const;
-  Line LineThatFits(const Viewport& viewport) const;
+  TextLine LineThatFits(const Viewport& viewport) const;
 
   Style style_;
 

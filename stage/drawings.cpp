@@ -43,7 +43,7 @@ std::shared_ptr<const Coverage> Drawings::Of(const Font& font, Double scale, con
   return written;
 }
 
-PixelRect Drawings::PlaceOf(const Line& line, const Viewport& viewport, const TwipRect& rect,
+PixelRect Drawings::PlaceOf(const TextLine& line, const Viewport& viewport, const TwipRect& rect,
                             const std::string& text) {
   const PixelRect place = viewport.ToPixels(rect);
   const PixelSize size = Of(line.font, viewport.Scale(), text)->size;

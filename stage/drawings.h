@@ -21,7 +21,7 @@ struct Font {
 enum class Align { kLeft, kCenter, kRight };
 
 /// How a line of text lies in its rectangle.
-struct Line {
+struct TextLine {
   Font font;
   Align align = Align::kLeft;
   int drop = 0;  // display pixels from the rectangle's top to the line's
@@ -36,7 +36,7 @@ class Drawings {
   std::shared_ptr<const Bitmap> Of(const Picture& picture, PixelSize size);
   std::shared_ptr<const Coverage> Of(const Font& font, Double scale, const std::string& text);
   /// Where a text lies that is written into `rect`. It may be larger.
-  PixelRect PlaceOf(const Line& line, const Viewport& viewport, const TwipRect& rect,
+  PixelRect PlaceOf(const TextLine& line, const Viewport& viewport, const TwipRect& rect,
                     const std::string& text);
   int TextWidth(const Font& font, Double scale, std::string_view text);
   /// From the top of a line to what its letters stand on.

@@ -1,7 +1,6 @@
 #include "stage/sdl/sdl_platform.h"
 
 #include <SDL.h>
-#include <poll.h>
 
 #include <algorithm>
 #include <cmath>
@@ -11,7 +10,6 @@
 #include <vector>
 
 #include "stage/sdl/beside.h"
-#include "stage/sdl/connection.h"
 #include "stage/sdl/keys.h"
 
 namespace stage::sdl {
@@ -25,15 +23,7 @@ std::string TakeString(char* text) {
   return owned ? std::string(owned.get()) : std::string();
 }
 
-/// With SDL's reason, if it has one.
-NoDisplay Refusal(const std::string& what) {
-  const std::string why = SDL_GetError();
-  return NoDisplay(why.empty() ? what : what + ": " + why);
-}
-
 bool IsMove(const Event& event) { return std::holds_alternative<PointerMoved>(event); }
-
-int Rounded(Double value) { return static_cast<int>(std::lround(value)); }
 
 }  // namespace
 
@@ -64,30 +54,13 @@ SdlPlatform::SdlPlatform(const char* title, const char* name)
                                  SDL_WINDOW_FULLSCREEN_DESKTOP | SDL_WINDOW_BORDERLESS |
                                      SDL_WINDOW_ALLOW_HIGHDPI | SDL_WINDOW_MOUSE_GRABBED));
   if (!window_) throw Refusal("no window on this display");
-  const SDL_Surface* const surface = SDL_GetWindowSurface(window_.get());
-  if (surface == nullptr) throw Refusal("no picture on this display");
-  if (surface->format->BytesPerPixel != sizeof(Pixel)) throw NoDisplay("the display has too few colours");
-  connection_ = Connection(window_.get());
+  desk_ = DeskFor(window_.get());
   voice_.emplace();
 }
 
 SdlPlatform::~SdlPlatform() {
   if (work_.valid()) work_.wait_for(kPatience);
   if (!voice_->Close()) session_.LeaveOpen();
-}
-
-PixelSize SdlPlatform::DisplaySize() {
-  PixelSize size;
-  SDL_GetWindowSizeInPixels(window_.get(), &size.width, &size.height);
-  return size;
-}
-
-std::optional<Framebuffer> SdlPlatform::Canvas() {
-  const SDL_Surface* const surface = SDL_GetWindowSurface(window_.get());
-  if (surface == nullptr) return std::nullopt;
-  return Framebuffer{{surface->w, surface->h},
-                     static_cast<Pixel*>(surface->pixels),
-                     surface->pitch / static_cast<int>(sizeof(Pixel))};
 }
 
 int SdlPlatform::RefreshRate() {
@@ -100,10 +73,9 @@ int SdlPlatform::RefreshRate() {
   return std::clamp(mode.refresh_rate, kLeast, kMost);
 }
 
-void SdlPlatform::Present(std::span<const PixelRect> changed) {
-  std::vector<SDL_Rect> rects;
-  for (const PixelRect& rect : changed) rects.push_back({rect.left, rect.top, rect.Width(), rect.Height()});
-  SDL_UpdateWindowSurfaceRects(window_.get(), rects.data(), static_cast<int>(rects.size()));
+std::optional<Moment> SdlPlatform::LastFrame() {
+  const auto last = desk_.screen->LastFrame();
+  return last ? std::optional(MomentOf(*last)) : std::nullopt;
 }
 
 void SdlPlatform::Poll() {
@@ -128,26 +100,11 @@ std::optional<Event> SdlPlatform::NextEvent() {
   return next;
 }
 
-SdlPlatform::Scale SdlPlatform::PixelsOfAPoint() {
-  PixelSize points{1, 1};
-  SDL_GetWindowSize(window_.get(), &points.width, &points.height);
-  const PixelSize pixels = DisplaySize();
-  return {Double(pixels.width) / points.width, Double(pixels.height) / points.height};
-}
-
 std::optional<Event> SdlPlatform::Translate(const SDL_Event& event) {
-  const auto place = [this](int x, int y) {
-    const Scale scale = PixelsOfAPoint();
-    return PointerMoved{x * scale.x, y * scale.y};
-  };
+  if (auto told = desk_.mouse->Translate(event)) return told;
   switch (event.type) {
     case SDL_QUIT:
       return QuitAsked{};
-    case SDL_MOUSEMOTION:
-      return place(event.motion.x, event.motion.y);
-    case SDL_MOUSEBUTTONDOWN:
-      if (event.button.button == SDL_BUTTON_LEFT) return PointerPressed{};
-      return std::nullopt;
     case SDL_KEYDOWN:
       return KeyPressed{CodeOf(event.key.keysym), ShiftOf(event.key.keysym.mod)};
     case SDL_KEYUP:
@@ -156,6 +113,7 @@ std::optional<Event> SdlPlatform::Translate(const SDL_Event& event) {
       return TextTyped{event.text.text};
     case SDL_WINDOWEVENT:
       if (event.window.event == SDL_WINDOWEVENT_CLOSE) return CloseAsked{};
+      if (event.window.event == SDL_WINDOWEVENT_SIZE_CHANGED) desk_.screen->Refit();
       if (event.window.event == SDL_WINDOWEVENT_EXPOSED ||
           event.window.event == SDL_WINDOWEVENT_SIZE_CHANGED) {
         return DisplayChanged{};
@@ -166,9 +124,11 @@ std::optional<Event> SdlPlatform::Translate(const SDL_Event& event) {
   }
 }
 
-Moment SdlPlatform::Now() {
-  return std::chrono::duration_cast<Moment>(std::chrono::steady_clock::now() - start_);
+Moment SdlPlatform::MomentOf(std::chrono::steady_clock::time_point time) const {
+  return std::chrono::duration_cast<Moment>(time - start_);
 }
+
+Moment SdlPlatform::Now() { return MomentOf(std::chrono::steady_clock::now()); }
 
 void SdlPlatform::Wait(Moment until, Wake wake) {
   if (wake == Wake::kOnTime) {
@@ -178,22 +138,8 @@ void SdlPlatform::Wait(Moment until, Wake wake) {
   while (events_.empty()) {
     const Moment left = until - Now();
     if (left <= Moment{0}) return;
-    if (InputComes(left)) Poll();
+    if (desk_.line->InputComes(left)) Poll();
   }
-}
-
-bool SdlPlatform::InputComes(Moment longest) const {
-  if (connection_ < 0) {
-    const auto rounded = std::chrono::ceil<std::chrono::milliseconds>(longest);
-    return SDL_WaitEventTimeout(nullptr, static_cast<int>(rounded.count())) != 0;
-  }
-  if (InputWaits(window_.get())) return true;
-  // SDL waits for whole milliseconds only, and asks the display server many times over.
-  const auto seconds = std::chrono::floor<std::chrono::seconds>(longest);
-  const std::chrono::nanoseconds rest = longest - seconds;
-  const timespec time{static_cast<std::time_t>(seconds.count()), static_cast<long>(rest.count())};
-  pollfd line{connection_, POLLIN, 0};
-  return ppoll(&line, 1, &time, nullptr) != 0;
 }
 
 Double SdlPlatform::SecondsOfDay() {
@@ -208,16 +154,8 @@ Double SdlPlatform::SecondsOfDay() {
 
 void SdlPlatform::ShowPointer(bool shown) { SDL_ShowCursor(shown ? SDL_ENABLE : SDL_DISABLE); }
 
-PixelPoint SdlPlatform::PointerPlace() {
-  PixelPoint place;
-  SDL_GetMouseState(&place.x, &place.y);
-  const Scale scale = PixelsOfAPoint();
-  return {Rounded(place.x * scale.x), Rounded(place.y * scale.y)};
-}
-
 void SdlPlatform::MovePointer(PixelPoint place) {
-  const Scale scale = PixelsOfAPoint();
-  SDL_WarpMouseInWindow(window_.get(), Rounded(place.x / scale.x), Rounded(place.y / scale.y));
+  desk_.mouse->Move(place);
   Poll();
   const auto last = std::find_if(events_.rbegin(), events_.rend(), IsMove);
   if (last == events_.rend()) return;

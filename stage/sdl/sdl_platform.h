@@ -8,17 +8,11 @@
 
 #include "stage/platform.h"
 #include "stage/sdl/artist.h"
+#include "stage/sdl/desk.h"
+#include "stage/sdl/no_display.h"
 #include "stage/sdl/voice.h"
 
-struct SDL_Window;
-union SDL_Event;
-
 namespace stage::sdl {
-
-/// There is no display to show anything on.
-class NoDisplay : public std::runtime_error {
-  using std::runtime_error::runtime_error;
-};
 
 class SdlPlatform : public Platform {
  public:
@@ -28,18 +22,18 @@ class SdlPlatform : public Platform {
   ~SdlPlatform() override;
 
   ScreenSize Screen() override { return ScreenFor(DisplaySize()); }
-  PixelSize DisplaySize() override;
+  PixelSize DisplaySize() override { return desk_.screen->Size(); }
   stage::Artist& Drawing() override { return artist_; }
-  std::optional<Framebuffer> Canvas() override;
+  std::optional<Framebuffer> Canvas() override { return desk_.screen->Canvas(); }
   int RefreshRate() override;
-  std::optional<Moment> LastFrame() override { return std::nullopt; }
-  void Present(std::span<const PixelRect> changed) override;
+  std::optional<Moment> LastFrame() override;
+  void Present(std::span<const PixelRect> changed) override { desk_.screen->Present(changed); }
   std::optional<Event> NextEvent() override;
   void Wait(Moment until, Wake wake) override;
   Moment Now() override;
   Double SecondsOfDay() override;
   void ShowPointer(bool shown) override;
-  PixelPoint PointerPlace() override;
+  PixelPoint PointerPlace() override { return desk_.mouse->Place(); }
   void MovePointer(PixelPoint place) override;
   void PlaySound(const std::filesystem::path& file) override { voice_->Play(file); }
   std::string Clipboard() override;
@@ -62,22 +56,15 @@ class SdlPlatform : public Platform {
     void operator()(SDL_Window* window) const;
   };
 
-  struct Scale {
-    Double x;
-    Double y;
-  };
-
-  /// Windows and the pointer are measured in points, which may be larger than pixels.
-  Scale PixelsOfAPoint();
+  Moment MomentOf(std::chrono::steady_clock::time_point time) const;
   std::optional<Event> Translate(const SDL_Event& event);
   void Poll();
-  bool InputComes(Moment longest) const;
 
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   ProgramFolders folders_;
   Session session_;
   std::unique_ptr<SDL_Window, DestroyWindow> window_;
-  int connection_ = -1;
+  Desk desk_;
   Artist artist_;
   std::optional<Voice> voice_;  // opened once there is a window
   std::deque<Event> events_;
