@@ -5,6 +5,9 @@
 
 #include "stage/sdl/sdl_mouse.h"
 #include "stage/sdl/surface_screen.h"
+#include "stage/sdl/wayland_line.h"
+#include "stage/sdl/wayland_mouse.h"
+#include "stage/sdl/wayland_screen.h"
 #include "stage/sdl/x11_line.h"
 
 namespace stage::sdl {
@@ -19,21 +22,30 @@ class SdlLine : public Line {
   }
 };
 
+Desk X11Desk(SDL_Window* window, Display* display) {
+  return {std::make_unique<SurfaceScreen>(window), std::make_unique<X11Line>(display),
+          std::make_unique<SdlMouse>(window)};
+}
+
+Desk WaylandDesk(SDL_Window* window, wl_display* display, wl_surface* surface) {
+  const auto globals = std::make_shared<WaylandGlobals>(display);
+  auto screen = std::make_unique<WaylandScreen>(window, surface, globals);
+  auto mouse = std::make_unique<WaylandMouse>(window, surface, globals, *screen);
+  return {std::move(screen), std::make_unique<WaylandLine>(display), std::move(mouse)};
+}
+
 }  // namespace
 
 Desk DeskFor(SDL_Window* window) {
   SDL_SysWMinfo info;
   SDL_VERSION(&info.version)
   const bool known = SDL_GetWindowWMInfo(window, &info) == SDL_TRUE;
-  Desk desk;
-  desk.screen = std::make_unique<SurfaceScreen>(window);
-  desk.mouse = std::make_unique<SdlMouse>(window);
-  if (known && info.subsystem == SDL_SYSWM_X11) {
-    desk.line = std::make_unique<X11Line>(info.info.x11.display);
-  } else {
-    desk.line = std::make_unique<SdlLine>();
+  if (known && info.subsystem == SDL_SYSWM_X11) return X11Desk(window, info.info.x11.display);
+  if (known && info.subsystem == SDL_SYSWM_WAYLAND) {
+    return WaylandDesk(window, info.info.wl.display, info.info.wl.surface);
   }
-  return desk;
+  return {std::make_unique<SurfaceScreen>(window), std::make_unique<SdlLine>(),
+          std::make_unique<SdlMouse>(window)};
 }
 
 }  // namespace stage::sdl

@@ -15,6 +15,8 @@ class Line {
   /// Waits until there may be something for SDL to look for, or a signal has come; false if nothing comes for
   /// so long.
   virtual bool InputComes(Moment longest) = 0;
+  /// Raises NoDisplay if the server has gone.
+  virtual void RequireOpen() const {}
 };
 
 /// Waits for a file to be readable; false if it is not for so long, true also for a signal.

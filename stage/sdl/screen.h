@@ -26,6 +26,8 @@ class Screen {
   virtual void Present(std::span<const PixelRect> changed) = 0;
   /// When the display last took a picture, if that is known.
   virtual std::optional<Clock::time_point> LastFrame() { return std::nullopt; }
+  /// Whether the display has taken one since the last call.
+  virtual bool TookFrame() { return false; }
   /// The window's size has changed.
   virtual void Refit() {}
 };

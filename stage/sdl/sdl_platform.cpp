@@ -6,11 +6,13 @@
 #include <cmath>
 #include <ctime>
 #include <memory>
+#include <string_view>
 #include <thread>
 #include <vector>
 
 #include "stage/sdl/beside.h"
 #include "stage/sdl/keys.h"
+#include "stage/sdl/wayland_window.h"
 
 namespace stage::sdl {
 namespace {
@@ -23,6 +25,11 @@ std::string TakeString(char* text) {
   return owned ? std::string(owned.get()) : std::string();
 }
 
+bool IsSet(const char* variable) {
+  const char* const value = SDL_getenv(variable);
+  return value != nullptr && *value != '\0';
+}
+
 bool IsMove(const Event& event) { return std::holds_alternative<PointerMoved>(event); }
 
 }  // namespace
@@ -32,11 +39,11 @@ SdlPlatform::Session::Session() {
   SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
   SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0");  // closing is for the active form
   SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
+  SDL_SetHint(SDL_HINT_VIDEO_WAYLAND_ALLOW_LIBDECOR, "0");  // which draws borders
   // Left to itself SDL falls back on a picture that nobody sees; and asking for Wayland where there is none
   // makes its library complain.
-  const char* const wayland_display = SDL_getenv("WAYLAND_DISPLAY");
-  const bool wayland = wayland_display != nullptr && *wayland_display != '\0';
-  SDL_SetHint(SDL_HINT_VIDEODRIVER, wayland ? "x11,wayland,KMSDRM" : "x11,KMSDRM");
+  const bool wayland = IsSet("WAYLAND_DISPLAY") && IsSet("XDG_RUNTIME_DIR");
+  SDL_SetHint(SDL_HINT_VIDEODRIVER, wayland ? "wayland,x11" : "x11");
   if (SDL_Init(SDL_INIT_VIDEO) != 0) throw Refusal("no display to play on");
 }
 
@@ -50,9 +57,10 @@ SdlPlatform::SdlPlatform(const char* title, const char* name)
     : folders_(FindProgramFolders(TakeString(SDL_GetBasePath()), name, DataHome())) {
   SDL_Rect area{0, 0, 800, 600};
   SDL_GetDisplayBounds(0, &area);
+  const bool wayland = std::string_view(SDL_GetCurrentVideoDriver()) == "wayland";
+  const Uint32 flags = SDL_WINDOW_FULLSCREEN_DESKTOP | SDL_WINDOW_BORDERLESS | SDL_WINDOW_MOUSE_GRABBED;
   window_.reset(SDL_CreateWindow(title, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, area.w, area.h,
-                                 SDL_WINDOW_FULLSCREEN_DESKTOP | SDL_WINDOW_BORDERLESS |
-                                     SDL_WINDOW_ALLOW_HIGHDPI | SDL_WINDOW_MOUSE_GRABBED));
+                                 flags | (wayland ? WaylandWindowFlags() : 0)));
   if (!window_) throw Refusal("no window on this display");
   desk_ = DeskFor(window_.get());
   voice_.emplace();
@@ -81,6 +89,7 @@ std::optional<Moment> SdlPlatform::LastFrame() {
 void SdlPlatform::Poll() {
   polled_ = Now();
   SDL_PumpEvents();
+  desk_.line->RequireOpen();
   SDL_Event event;
   while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) > 0) {
     auto translated = Translate(event);
@@ -139,6 +148,7 @@ void SdlPlatform::Wait(Moment until, Wake wake) {
     const Moment left = until - Now();
     if (left <= Moment{0}) return;
     if (desk_.line->InputComes(left)) Poll();
+    if (desk_.screen->TookFrame()) return;
   }
 }
 
