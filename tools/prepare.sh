@@ -2,7 +2,7 @@
 
 packages() {
   echo g++ cmake ninja-build pkg-config libsdl2-dev libsdl2-image-dev libsdl2-ttf-dev libsdl2-mixer-dev libx11-dev \
-    fonts-liberation2 fonts-dejavu-core "$@"
+    libwayland-dev wayland-protocols fonts-liberation2 fonts-dejavu-core "$@"
 }
 
 # Installs the missing ones of the packages named.

@@ -104,8 +104,9 @@ class Desktop::Eye {
 
 // The server looks for a free number itself and tells it. Keys do not repeat: on a busy machine they would.
 Desktop::Desktop(int width, int height, int depth)
-    : server_({"sh", "-c",
-               "exec Xvfb -displayfd 3 -nolisten tcp -r -screen 0 " + std::to_string(width) + "x" +
+    : size_{width, height},
+      server_({"sh", "-c",
+               "exec Xvfb -displayfd 3 -nolisten tcp -ac -r -screen 0 " + std::to_string(width) + "x" +
                    std::to_string(height) + "x" + std::to_string(depth) + " 3>" +
                    (folder_.Path() / "number").string()},
               {}, "/dev/null") {
@@ -129,7 +130,9 @@ void Desktop::Hand(const std::string& xdotool_words) const {
   Run(command);
 }
 
-void Desktop::TakeLayout(const std::string& name) const { Run({"setxkbmap", name}); }
+void Desktop::TakeLayout(const std::string& name, const std::string& variant) const {
+  Run({"setxkbmap", name, variant});
+}
 
 void Desktop::Run(const std::vector<std::string>& command) const {
   Process(command, Environment()).WaitForEnd();

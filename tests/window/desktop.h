@@ -62,17 +62,24 @@ class Desktop {
   Desktop(const Desktop&) = delete;
   Desktop& operator=(const Desktop&) = delete;
 
+  struct Pixels {
+    int width;
+    int height;
+  };
+  Pixels Size() const { return size_; }
   Screenshot Look() const;
   void Hand(const std::string& xdotool_words) const;
   /// Keys type what they do in this layout.
-  void TakeLayout(const std::string& name) const;
-  std::vector<std::string> Environment() const { return {"DISPLAY=" + display_}; }
+  void TakeLayout(const std::string& name, const std::string& variant = "") const;
+  /// For a program that is to be seen here and nowhere else.
+  std::vector<std::string> Environment() const { return {"DISPLAY=" + display_, "WAYLAND_DISPLAY="}; }
 
  private:
   class Eye;
 
   void Run(const std::vector<std::string>& command) const;
 
+  Pixels size_;
   tools::TempFolder folder_;
   Process server_;
   std::string display_;
