@@ -86,6 +86,8 @@ class Control {
   virtual Units MouseUnits() const { return container_.InteriorUnits(); }
   /// For controls that can hold the input focus.
   virtual bool TakesFocus() const { return false; }
+  /// For those that do something with characters typed while they hold it.
+  virtual bool TakesText() const { return false; }
   virtual void KeyDown(int /*code*/, int /*shift*/) {}
   virtual void Type(const std::string& /*text*/) {}
   virtual void Press(TwipPoint /*place*/) {

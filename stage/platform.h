@@ -66,6 +66,8 @@ class Platform {
   /// silence.
   virtual void PlaySound(const std::filesystem::path& file) = 0;
   virtual std::string Clipboard() = 0;
+  /// Characters typed are wanted from now on, or keys alone; at first these are.
+  virtual void TextWanted(bool /*wanted*/) {}
   /// Runs `work`, which may have to wait for the disk and touches nothing of the program, beside the program.
   /// One work runs after the other; before the platform ends all are done, but for one that takes too long.
   virtual void Beside(std::function<void()> work) = 0;

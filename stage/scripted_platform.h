@@ -52,6 +52,7 @@ class ScriptedPlatform : public Platform {
   std::vector<PixelRect> TakePresented() { return std::exchange(presented_, {}); }
   /// The system's clock is set to this.
   void SetSecondsOfDay(Double seconds);
+  bool WantsText() const { return text_wanted_; }
   void SetClipboard(std::string text) { clipboard_ = std::move(text); }
   /// What runs beside the program is done; so it is whenever the program waits.
   void FinishWorks();
@@ -72,6 +73,7 @@ class ScriptedPlatform : public Platform {
   void MovePointer(PixelPoint place) override;
   void PlaySound(const std::filesystem::path& file) override;
   std::string Clipboard() override { return clipboard_; }
+  void TextWanted(bool wanted) override { text_wanted_ = wanted; }
   void Beside(std::function<void()> work) override { works_.push_back(std::move(work)); }
   ProgramFolders Folders() override { return {setup_.folder, setup_.installed}; }
 
@@ -85,6 +87,7 @@ class ScriptedPlatform : public Platform {
   std::vector<PixelRect> presented_;
   std::vector<Pixel> pixels_;
   std::string clipboard_;
+  bool text_wanted_ = false;
   std::vector<std::function<void()>> works_;
 };
 

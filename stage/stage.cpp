@@ -35,10 +35,19 @@ bool Stage::Returning() const { return quitting_ || (!modal_.empty() && !modal_.
 
 void Stage::Wait() {
   if (!quitting_) {
+    TellOfText();
     PaintNow();
     platform_.Wait(std::min(timers_.NextBeat(), glides_.NextRefresh()), Wake::kOnInput);
   }
   DoEvents();
+}
+
+void Stage::TellOfText() {
+  const Form* const form = ActiveForm();
+  const bool wanted = form != nullptr && form->Focus() != nullptr && form->Focus()->TakesText();
+  if (wanted == text_wanted_) return;
+  text_wanted_ = wanted;
+  platform_.TextWanted(wanted);
 }
 
 void Stage::End() { throw ProgramEnd{}; }

@@ -86,6 +86,8 @@ class Stage {
 
  private:
   void Wait();
+  /// Tells the machine when a control that takes text gets or loses the focus.
+  void TellOfText();
   /// The modal form shown last is gone, or the session ends: input that waits is for what comes then.
   bool Returning() const;
   void CloseForms();
@@ -112,6 +114,7 @@ class Stage {
   std::optional<PixelPoint> pointer_set_;  // where the program has put it, until that is reported
   Long cursor_counter_ = 0;
   bool touched_ = false;
+  bool text_wanted_ = false;
   bool quitting_ = false;
 };
 

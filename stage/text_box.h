@@ -18,6 +18,7 @@ class TextBox : public Control {
 
   void Paint(const Canvas& canvas) const override;
   bool TakesFocus() const override { return true; }
+  bool TakesText() const override { return true; }
   void KeyDown(int code, int shift) override;
   void Type(const std::string& text) override;
 

@@ -45,6 +45,7 @@ SdlPlatform::Session::Session() {
   const bool wayland = IsSet("WAYLAND_DISPLAY") && IsSet("XDG_RUNTIME_DIR");
   SDL_SetHint(SDL_HINT_VIDEODRIVER, wayland ? "wayland,x11" : "x11");
   if (SDL_Init(SDL_INIT_VIDEO) != 0) throw Refusal("no display to play on");
+  SDL_StopTextInput();
 }
 
 SdlPlatform::Session::~Session() {
@@ -183,6 +184,8 @@ void SdlPlatform::Beside(std::function<void()> work) {
     in_turn();
   }
 }
+
+void SdlPlatform::TextWanted(bool wanted) { wanted ? SDL_StartTextInput() : SDL_StopTextInput(); }
 
 std::string SdlPlatform::Clipboard() { return TakeString(SDL_GetClipboardText()); }
 

@@ -37,6 +37,7 @@ class SdlPlatform : public Platform {
   void MovePointer(PixelPoint place) override;
   void PlaySound(const std::filesystem::path& file) override { voice_->Play(file); }
   std::string Clipboard() override;
+  void TextWanted(bool wanted) override;
   void Beside(std::function<void()> work) override;
   ProgramFolders Folders() override { return folders_; }
 

@@ -68,6 +68,22 @@ TEST_F(TextBoxes, OfDialogsHaveAnEnd) {
   EXPECT_EQ(bench.theatre.InputBox("any"), std::string(254, 'x'));
 }
 
+TEST_F(TextBoxes, AskForTextWhileTheyHoldTheFocus) {
+  std::vector<bool> wanted;
+  const int keys[] = {key::kTab, key::kTab, key::kTab, key::kEsc};
+  bench.platform.Director = [&] {
+    wanted.push_back(bench.platform.WantsText());
+    bench.Press(keys[wanted.size() - 1]);
+  };
+  bench.theatre.InputBox("any");
+  EXPECT_EQ(wanted, (std::vector<bool>{true, false, false, true}));
+  bench.platform.Director = [&] {
+    EXPECT_FALSE(bench.platform.WantsText());
+    bench.Press(key::kEsc);
+  };
+  bench.theatre.MsgBox("any");
+}
+
 TEST_F(TextBoxes, RefuseWhatTheyDoNotAccept) {
   box.Accepts = [](char32_t character) { return character != U'x'; };
   bench.Type("axbx");
