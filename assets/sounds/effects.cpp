@@ -14,11 +14,6 @@ constexpr double kE4 = 329.63;
 constexpr double kG4 = 392.00;
 constexpr double kA4 = 440.00;
 
-// Heard thousands of times an evening, so kept under what happens rarely.
-constexpr double kFrequentPeakDb = -5.7;
-constexpr double kUsualPeakDb = -4.4;
-constexpr double kRarePeakDb = -3.6;
-
 const Timbre& Round() {
   static const Timbre timbre{1.0, 0.28, 0.10, 0.04};
   return timbre;
@@ -34,151 +29,153 @@ const Timbre& Rich() {
   return timbre;
 }
 
-// A dry bar of wood: the overtones of a bar are far apart and die at once.
-Wave WallTick() {
-  const Wave bar = Strike(0.060, 2.0 * kA4, {{1.0, 1.0, 0.006}, {2.76, 0.5, 0.004}});
-  const Wave scrape = Shape(BandPass(Noise(0.060, 11), Steady(1800.0), 0.8), Pluck(0.0005, 0.004));
-  return LowPass(Mix({{bar}, {scrape, 0.7}}), Steady(3000.0));
+// A dry knock on thick wood, over before it can ring.
+Wave WallKnock() {
+  const Wave bar = Strike(0.040, kA4, {{1.0, 1.0, 0.005}, {2.76, 0.2, 0.002}});
+  const Wave scrape = Shape(BandPass(Noise(0.040, 11), Steady(700.0), 0.8), Pluck(0.0005, 0.004));
+  return Warm(LowPass(Mix({{bar}, {scrape, 0.8}}), Steady(1100.0)), 1.8);
 }
 
-// The spring is a low note that dips in and bobs a little before it rests.
+// The spring is a round note that dips in and bobs a little before it rests.
 Wave PaddlePock() {
-  const double rest = kC4 / 2.0;
-  const Curve pitch = Sway(Settle(1.9 * rest, rest, 0.012), 26.0, Settle(2.4, 0.2, 0.04));
-  const Wave skin = Shape(Tone(0.145, pitch, Round()), Pluck(0.002, 0.030));
-  const Wave thud = Shape(LowPass(Noise(0.145, 23), Steady(500.0)), Pluck(0.001, 0.007));
-  return Mix({{skin}, {thud, 0.5}});
+  const double rest = 2.0 * kC4;
+  const Curve pitch = Sway(Settle(1.7 * rest, rest, 0.010), 30.0, Settle(2.4, 0.2, 0.04));
+  const Wave skin = Shape(Tone(0.140, pitch, Round()), Pluck(0.002, 0.028));
+  const Wave body = Shape(Tone(0.140, Settle(rest, 0.5 * rest, 0.010), {1.0}), Pluck(0.002, 0.020));
+  const Wave thud = Shape(LowPass(Noise(0.140, 23), Steady(700.0)), Pluck(0.001, 0.007));
+  return Mix({{skin}, {body, 0.8}, {thud, 0.4}});
 }
 
 // A small glass bubble: the pitch skips upwards and two splinters ring above it.
 Wave BlockPop() {
-  const Curve pitch = Settle(2.2 * kE4, 4.0 * kE4, 0.006);
+  const Curve pitch = Settle(2.2 * kG4, 4.0 * kG4, 0.006);
   const Wave bubble = Shape(Tone(0.13, pitch, {1.0, 0.12}), Pluck(0.001, 0.016));
   const Wave splinters = Strike(0.13, 8.0 * kA4, {{1.0, 1.0, 0.018}, {1.52, 0.6, 0.011}});
   const Wave dust = Shape(HighPass(Noise(0.13, 37), Steady(4500.0)), Pluck(0.0005, 0.010));
-  return Mix({{bubble}, {splinters, 0.30}, {dust, 0.22}});
+  return Warm(Mix({{bubble}, {splinters, 0.40}, {dust, 0.25}}), 0.9);
 }
 
-// The snap is the contact; the hum of two coils slightly out of tune tells that the ball is held.
+// The snap is the contact; the buzz of two coils slightly out of tune tells that the ball is held.
 Wave MagnetCatch() {
-  const double low = kC4 / 2.0;
-  const Wave coils = Mix({{Tone(0.36, Settle(1.5 * low, low, 0.02), Rich())},
-                          {Tone(0.36, Settle(1.5 * low, 1.018 * low, 0.02), Rich())}});
-  const Wave hum =
-      Shape(LowPass(Shape(coils, Flicker(33.0, 0.45)), Glide(2800.0, 700.0, 0.3)), Swell(0.025, 0.12, 0.20));
+  const Wave coils = Mix({{Tone(0.30, Settle(1.5 * kC4, kC4, 0.012), Rich())},
+                          {Tone(0.30, Settle(1.5 * kC4, 1.018 * kC4, 0.012), Rich())}});
+  const Wave buzz = Shape(BandPass(Shape(coils, Flicker(65.0, 0.85)), Glide(3000.0, 1400.0, 0.15), 0.9),
+                          Pluck(0.003, 0.060));
   const Wave snap = Shape(BandPass(Noise(0.05, 41), Glide(3800.0, 1300.0, 0.03), 1.2), Pluck(0.0005, 0.006));
-  return Warm(Mix({{hum, 0.5}, {snap, 1.8}}), 1.0);
+  return Warm(Mix({{buzz, 0.8}, {snap, 1.4}}), 1.5);
 }
 
-// Three steps down the scale, each sagging at its end as a sigh does.
+// A blow that gives way at once, then two sinking sighs; the last comes to rest below all other sounds.
 Wave BallLost() {
-  const auto sigh = [](double seconds, double note) {
-    const Curve pitch = Sway(Glide(1.02 * note, 0.95 * note, seconds), 5.5, Steady(0.25));
-    const Wave breath = BandPass(Noise(seconds, 53), Steady(2.0 * note), 3.0);
-    const Wave voice = Mix({{Tone(seconds, pitch, Hollow())}, {breath, 0.35}});
-    return Shape(voice, Swell(0.02, 0.10 * seconds, 0.80 * seconds));
+  const auto voice = [](double seconds, double from, double to, double glide) {
+    return Tone(seconds, Sway(Glide(from, to, glide), 5.5, Steady(0.25)), Hollow());
   };
-  const Wave last = Tone(0.58, Sway(Glide(kC4, 0.5 * kG4, 0.55), 5.0, Steady(0.35)), Hollow());
-  return LowPass(Mix({{sigh(0.26, kA4)},
-                      {sigh(0.28, kE4), 1.0, 0.20},
-                      {Shape(last, Swell(0.03, 0.02, 0.52)), 1.1, 0.42}}),
-                 Glide(2600.0, 900.0, 1.0));
+  const Wave blow = Mix({{voice(0.16, 2.0 * kC4, kA4, 0.10)}, {voice(0.16, kA4, kE4, 0.10)}});
+  const Wave thud = Shape(LowPass(Noise(0.16, 53), Steady(1200.0)), Pluck(0.001, 0.025));
+  const Wave stroke = Warm(Mix({{blow}, {thud, 2.0}}), 1.0);
+  const Wave sigh = Shape(voice(0.20, kE4, 0.97 * kD4, 0.20), Swell(0.02, 0.02, 0.16));
+  const Wave last = Shape(voice(0.60, kC4, 0.5 * kG4, 0.45), Swell(0.02, 0.04, 0.54));
+  return LowPass(Mix({{Shape(stroke, Swell(0.002, 0.050, 0.07))}, {sigh, 0.22, 0.12}, {last, 0.26, 0.28}}),
+                 Glide(2400.0, 1000.0, 0.9));
 }
 
-// Quick high grains climb out of a haze that thins as the block takes its place.
+// Quick high grains climb while a haze thins as the block takes its place.
 Wave BlockRevealed() {
   const auto grain = [](double note) {
-    return Shape(Tone(0.16, Steady(note), {1.0, 0.0, 0.15}), Pluck(0.006, 0.028));
+    return Shape(Tone(0.20, Steady(note), {1.0, 0.0, 0.15}), Pluck(0.003, 0.030));
   };
-  const Wave haze =
-      Shape(BandPass(Noise(0.31, 67), Glide(2200.0, 7500.0, 0.28), 2.5), Swell(0.12, 0.02, 0.16));
-  return Mix({{grain(4.0 * kC4), 0.6},
-              {grain(4.0 * kG4), 0.7, 0.035},
-              {grain(8.0 * kD4), 0.8, 0.070},
-              {grain(4.0 * kA4), 0.7, 0.105},
-              {grain(8.0 * kE4), 0.9, 0.140},
-              {Shape(haze, Flicker(28.0, 0.7)), 0.7}});
+  const Wave haze = Shape(BandPass(Noise(0.26, 67), Glide(2200.0, 7500.0, 0.08), 2.5), Pluck(0.010, 0.050));
+  return Mix({{grain(4.0 * kC4), 0.9},
+              {grain(4.0 * kG4), 0.9, 0.014},
+              {grain(4.0 * kA4), 0.8, 0.028},
+              {grain(8.0 * kD4), 0.8, 0.042},
+              {grain(8.0 * kE4), 0.8, 0.056},
+              {Shape(haze, Flicker(45.0, 0.7)), 0.7}});
 }
 
-// A steel plate: its overtones fit no scale, which is what makes it sound like metal.
+// A steel plate held by a hand: its overtones fit no scale, which is what makes it sound like metal.
 Wave HardClank() {
-  const Wave plate = Strike(0.28, kA4,
-                            {{1.0, 0.5, 0.045},
-                             {2.32, 1.0, 0.060},
-                             {2.38, 0.5, 0.055},
-                             {3.85, 0.8, 0.050},
-                             {5.17, 0.6, 0.040},
-                             {6.71, 0.4, 0.035},
-                             {9.43, 0.25, 0.020}});
-  const Wave hammer = Shape(BandPass(Noise(0.28, 71), Steady(2600.0), 0.9), Pluck(0.0005, 0.006));
-  return Shape(Warm(Mix({{plate, 0.55}, {hammer, 0.8}}), 1.0), Swell(0.001, 0.06, 0.219));
+  const Wave plate = Strike(0.12, kE4,
+                            {{1.0, 0.25, 0.018},
+                             {2.32, 1.0, 0.034},
+                             {2.38, 0.5, 0.032},
+                             {3.85, 0.7, 0.028},
+                             {5.17, 0.5, 0.024},
+                             {6.71, 0.3, 0.020},
+                             {9.43, 0.12, 0.008}});
+  const Wave hammer = Shape(BandPass(Noise(0.12, 71), Steady(2200.0), 0.9), Pluck(0.0005, 0.005));
+  return Shape(Warm(Mix({{plate, 0.55}, {hammer, 0.7}}), 1.0), Swell(0.001, 0.03, 0.089));
 }
 
-// Air rushing past, while one tone rises and another falls: something turned into something else.
+// One tone rises through another that falls, in a gust of air: something turned into something else.
 Wave BallChanges() {
-  const Wave wind = Shape(BandPass(Noise(0.44, 83), Arch(500.0, 4200.0, 0.44), 2.2), Swell(0.20, 0.02, 0.20));
-  const Wave rising = Tone(0.44, Glide(kG4, 2.0 * kD4, 0.36), Round());
-  const Wave falling = Tone(0.44, Glide(4.0 * kD4, 2.0 * kG4, 0.36), Round());
-  const Wave turning = Shape(Mix({{rising}, {falling, 0.5}}), Flicker(17.0, 0.5));
-  return Warm(Mix({{wind, 2.2}, {Shape(turning, Swell(0.12, 0.10, 0.20)), 0.55}}), 0.8);
+  const Wave wind = Shape(BandPass(Noise(0.34, 83), Arch(900.0, 5200.0, 0.16), 2.0), Swell(0.02, 0.04, 0.12));
+  const Wave rising = Tone(0.34, Glide(kG4, 4.0 * kD4, 0.075), Round());
+  const Wave falling = Tone(0.34, Glide(4.0 * kD4, kG4, 0.075), Round());
+  const Wave crossing = Shape(Mix({{rising}, {falling, 0.8}}), Swell(0.003, 0.06, 0.03));
+  const Wave rest = Shape(Tone(0.25, Steady(4.0 * kD4), Round()), Pluck(0.003, 0.045));
+  return Mix(
+      {{Warm(Mix({{wind, 1.9}, {crossing, 0.7}}), 0.8)}, {Shape(rest, Flicker(28.0, 0.6)), 0.35, 0.085}});
 }
 
 // Rubber drawn out: pitch and brightness climb together, and the new length locks with a pop.
 Wave PaddleGrows() {
-  const Curve pitch = Sway(Glide(kC4, 2.0 * kC4, 0.27), 19.0, Glide(0.2, 0.9, 0.27));
+  const Curve pitch = Glide(kG4, 2.0 * kG4, 0.075);
   const Wave rubber =
-      Shape(LowPass(Tone(0.30, pitch, Rich()), Glide(600.0, 4500.0, 0.27)), Swell(0.03, 0.19, 0.07));
-  const Wave grip =
-      Shape(BandPass(Noise(0.30, 97), Glide(700.0, 3000.0, 0.27), 4.0), Swell(0.15, 0.08, 0.05));
-  const Wave pop = Shape(Tone(0.14, Settle(2.0 * kG4, 4.0 * kC4, 0.008), Round()), Pluck(0.002, 0.024));
-  return Mix({{rubber, 0.6}, {grip, 0.5}, {pop, 0.9, 0.27}});
+      Shape(LowPass(Tone(0.12, pitch, Rich()), Glide(900.0, 5000.0, 0.075)), Swell(0.004, 0.055, 0.03));
+  const Wave pop = Shape(Tone(0.26, Settle(2.0 * kG4, 4.0 * kC4, 0.008), Round()), Pluck(0.002, 0.040));
+  const Wave ring = Shape(Tone(0.26, Steady(4.0 * kE4), {1.0, 0.1}), Pluck(0.004, 0.050));
+  return Mix({{rubber, 0.8}, {pop, 0.7, 0.075}, {ring, 0.3, 0.085}});
 }
 
-// The same rubber pressed together: darker by the moment, creaking, closed by a dull thud.
+// The same rubber pressed together, with a sour second voice: darker by the moment, creaking, closed by a
+// thud.
 Wave PaddleShrinks() {
-  const Wave rubber =
-      LowPass(Tone(0.31, Glide(2.0 * kA4, 0.5 * kA4, 0.29), Hollow()), Glide(3800.0, 450.0, 0.29));
+  const auto rubber = [](double note) { return Tone(0.16, Glide(note, 0.5 * note, 0.12), Hollow()); };
+  const Wave pressed =
+      LowPass(Mix({{rubber(4.0 * kC4)}, {rubber(2.83 * kC4), 0.8}}), Glide(4500.0, 900.0, 0.12));
   const Wave creak =
-      Shape(BandPass(Noise(0.31, 101), Glide(2400.0, 500.0, 0.29), 5.0), Swell(0.04, 0.18, 0.08));
-  const Wave squeezed = Shape(Shape(rubber, Flicker(24.0, 0.65)), Swell(0.015, 0.22, 0.07));
-  const Wave thud = Shape(Tone(0.12, Settle(kA4 / 2.0, kA4 / 4.0, 0.015), Round()), Pluck(0.003, 0.020));
-  return Mix({{squeezed, 0.8}, {creak, 0.7}, {thud, 1.0, 0.28}});
+      Shape(BandPass(Noise(0.16, 101), Glide(2400.0, 500.0, 0.12), 5.0), Swell(0.004, 0.06, 0.06));
+  const Wave squeezed = Shape(Shape(pressed, Flicker(48.0, 0.75)), Swell(0.003, 0.055, 0.07));
+  const Wave thud = Shape(Tone(0.20, Settle(kA4, 0.5 * kA4, 0.015), Hollow()), Pluck(0.003, 0.035));
+  return Mix({{Warm(Mix({{squeezed, 0.8}, {creak, 0.6}}), 1.0)}, {thud, 0.45, 0.115}});
 }
 
-// Thick glue: a low voice that wobbles wide, its mouth opening and closing with it, over wet bubbles.
+// Thick glue: a low voice, its mouth opening and closing wide, over wet bubbles.
 Wave PaddleSticky() {
-  const Curve pitch = Sway(Settle(1.5 * kE4 / 2.0, kE4 / 2.0, 0.08), 8.5, Glide(3.5, 1.2, 0.45));
-  const Curve mouth = Sway(Steady(850.0), 8.5, Glide(14.0, 7.0, 0.45));
-  const Wave voice = BandPass(Warm(Tone(0.47, pitch, Rich()), 1.2), mouth, 2.6);
-  const Wave wet = Shape(BandPass(Noise(0.47, 113), mouth, 6.0), Flicker(17.0, 0.9));
-  return Shape(Mix({{voice}, {wet, 0.5}}), Swell(0.03, 0.24, 0.19));
+  const Curve pitch = Sway(Settle(1.5 * kE4, kE4, 0.03), 13.0, Glide(2.0, 0.8, 0.3));
+  const Curve mouth = Sway(Steady(850.0), 13.0, Glide(14.0, 7.0, 0.3));
+  const Wave voice = BandPass(Warm(Tone(0.36, pitch, Rich()), 1.2), mouth, 2.2);
+  const Wave wet = Shape(BandPass(Noise(0.36, 113), mouth, 6.0), Flicker(26.0, 0.9));
+  return Shape(Mix({{voice}, {wet, 0.5}}), Pluck(0.004, 0.085));
 }
 
-// A little horn call up the scale, with a bell on top of the note that stays.
+// A strummed chord that springs up the scale, and its answer an octave higher with a bell on top.
 Wave Fanfare() {
   const auto horn = [](double seconds, double note) {
-    const Curve pitch = Sway(Settle(0.97 * note, note, 0.012), 5.5, Glide(0.02, 0.18, 0.3));
-    const Wave lips = Shape(BandPass(Noise(seconds, 127), Steady(2.0 * note), 1.5), Pluck(0.004, 0.012));
-    const Wave brass = LowPass(Tone(seconds, pitch, Rich()), Settle(4500.0, 1600.0, 0.09));
-    return Shape(Mix({{brass}, {lips, 0.6}}), Swell(0.012, 0.30 * seconds, 0.66 * seconds));
+    const Wave lips = Shape(BandPass(Noise(seconds, 127), Steady(2.0 * note), 1.5), Pluck(0.002, 0.008));
+    const Wave brass =
+        LowPass(Tone(seconds, Settle(0.97 * note, note, 0.008), Rich()), Settle(5000.0, 1600.0, 0.06));
+    return Shape(Mix({{brass}, {lips, 0.6}}), Pluck(0.003, 0.045));
   };
   const Wave bell = Strike(0.50, 8.0 * kC4, {{1.0, 1.0, 0.09}, {1.5, 0.4, 0.06}, {2.76, 0.2, 0.03}});
-  return Warm(Mix({{horn(0.20, kG4), 0.8},
-                   {horn(0.20, 2.0 * kC4), 0.85, 0.11},
-                   {horn(0.22, 2.0 * kE4), 0.9, 0.22},
-                   {horn(0.55, 2.0 * kG4), 1.0, 0.34},
-                   {horn(0.55, 2.0 * kC4), 0.5, 0.34},
-                   {bell, 0.25, 0.36}}),
-              0.4);
+  return Warm(Mix({{horn(0.30, 2.0 * kG4), 0.9},
+                   {horn(0.30, 4.0 * kC4), 0.9, 0.018},
+                   {horn(0.30, 4.0 * kE4), 0.9, 0.036},
+                   {horn(0.40, 2.0 * kG4), 0.5, 0.15},
+                   {horn(0.40, 4.0 * kC4), 0.5, 0.15},
+                   {bell, 0.2, 0.15}}),
+              0.6);
 }
 
+// In loudness units. What is heard thousands of times an evening is kept under what happens rarely.
 constexpr std::array kEffects{
-    Effect{"lad.wav", kFrequentPeakDb, WallTick},  Effect{"plat.wav", kFrequentPeakDb, PaddlePock},
-    Effect{"bloc.wav", kFrequentPeakDb, BlockPop}, Effect{"magnetico.wav", kUsualPeakDb, MagnetCatch},
-    Effect{"end.wav", kRarePeakDb, BallLost},      Effect{"bloc2.wav", kUsualPeakDb, BlockRevealed},
-    Effect{"hard.wav", kUsualPeakDb, HardClank},   Effect{"ball.wav", kRarePeakDb, BallChanges},
-    Effect{"mais.wav", kRarePeakDb, PaddleGrows},  Effect{"menos.wav", kRarePeakDb, PaddleShrinks},
-    Effect{"cola.wav", kRarePeakDb, PaddleSticky}, Effect{"mais1.wav", kRarePeakDb, Fanfare},
+    Effect{"lad.wav", -20.0, WallKnock},         Effect{"bloc.wav", -18.0, BlockPop},
+    Effect{"plat.wav", -17.0, PaddlePock},       Effect{"hard.wav", -16.5, HardClank},
+    Effect{"magnetico.wav", -15.0, MagnetCatch}, Effect{"bloc2.wav", -14.0, BlockRevealed},
+    Effect{"ball.wav", -13.0, BallChanges},      Effect{"mais.wav", -13.0, PaddleGrows},
+    Effect{"menos.wav", -13.0, PaddleShrinks},   Effect{"cola.wav", -13.0, PaddleSticky},
+    Effect{"mais1.wav", -13.0, Fanfare},         Effect{"end.wav", -11.0, BallLost},
 };
 
 }  // namespace

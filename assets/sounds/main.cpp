@@ -15,7 +15,7 @@ int main(int argc, char** argv) {
     const std::filesystem::path directory = argv[1];
     std::filesystem::create_directories(directory);
     for (const sons::Effect& effect : sons::Effects()) {
-      sons::WriteWav(sons::Finish(effect.recipe(), effect.peak_db), directory / effect.file);
+      sons::WriteWav(sons::Finish(effect.recipe(), effect.loudness), directory / effect.file);
     }
   } catch (const std::exception& problem) {
     std::cerr << "korvane-sons: " << problem.what() << '\n';

@@ -9,11 +9,14 @@
 #include <stdexcept>
 #include <string>
 
+#include "assets/sounds/loudness.h"
+
 namespace sons {
 namespace {
 
 constexpr double kFadeInSeconds = 0.001;  // short enough to keep the bite of a tick
 constexpr double kFadeOutSeconds = 0.012;
+constexpr double kHighestPeak = 0.7;  // 3 dB below full scale, so that no loudspeaker rounds it off
 
 std::size_t SamplesIn(double seconds) { return static_cast<std::size_t>(std::lround(seconds * kSampleRate)); }
 
@@ -30,12 +33,16 @@ void FadeEnds(Wave& wave) {
   }
 }
 
-void ScaleToPeak(Wave& wave, double peak_db) {
+void ScaleTo(Wave& wave, double loudness) {
+  const double own = Loudness(wave);
+  if (std::isinf(own)) throw std::runtime_error("a sound came out silent");
+  const double gain = std::pow(10.0, (loudness - own) / 20.0);
   double peak = 0.0;
-  for (const double sample : wave) peak = std::max(peak, std::abs(sample));
-  if (peak <= 0.0) throw std::runtime_error("a sound came out silent");
-  const double gain = std::pow(10.0, peak_db / 20.0) / peak;
-  for (double& sample : wave) sample *= gain;
+  for (double& sample : wave) {
+    sample *= gain;
+    peak = std::max(peak, std::abs(sample));
+  }
+  if (peak > kHighestPeak) throw std::runtime_error("a sound has too high peaks for its loudness");
 }
 
 // RIFF is little-endian whatever machine builds the game.
@@ -80,10 +87,10 @@ Wave Mix(const std::vector<Layer>& layers) {
   return mix;
 }
 
-Wave Finish(Wave wave, double peak_db) {
+Wave Finish(Wave wave, double loudness) {
   RemoveOffset(wave);
   FadeEnds(wave);
-  ScaleToPeak(wave, peak_db);
+  ScaleTo(wave, loudness);
   return wave;
 }
 

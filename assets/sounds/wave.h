@@ -9,7 +9,7 @@ namespace sons {
 
 inline constexpr int kSampleRate = 44100;  // samples per second
 
-/// A sound in the making: one channel, any scale until Finish() brings it to its final level.
+/// A sound in the making: one channel, any scale until Finish() brings it to its final loudness.
 using Wave = std::vector<double>;
 
 /// One ingredient of a mix, starting `at` seconds into it.
@@ -30,9 +30,10 @@ double SmoothStep(double x);
 /// As long as its longest layer.
 Wave Mix(const std::vector<Layer>& layers);
 
-/// Makes a sound safe to play from any moment: no offset, no click at either end, highest sample at
-/// `peak_db` (decibels below full scale, so negative).
-Wave Finish(Wave wave, double peak_db);
+/// Makes a sound ready to play: no offset, no click at either end, as loud as told (as Loudness() measures
+/// it). Raises std::runtime_error for silence, and when peaks would come nearer to full scale than 3 dB; such
+/// a sound wants a rounder recipe.
+Wave Finish(Wave wave, double loudness);
 
 /// Writes 16 bit mono RIFF; raises std::runtime_error when the file cannot be written whole.
 void WriteWav(const Wave& wave, const std::filesystem::path& path);
