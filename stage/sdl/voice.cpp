@@ -16,7 +16,6 @@ namespace {
 
 constexpr int kRate = 44100;
 constexpr int kBufferFrames = 512;
-constexpr int kChannel = 0;
 constexpr auto kPatience = std::chrono::seconds(1);
 constexpr std::size_t kMostBytes = 16 << 20;
 
@@ -37,9 +36,14 @@ void SilenceLibraries() {
 
 bool OpenDevice() {
   if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return false;
-  if (Mix_OpenAudio(kRate, AUDIO_S16SYS, 1, kBufferFrames) == 0) return true;
+  if (Mix_OpenAudioDevice(kRate, AUDIO_S16SYS, 1, kBufferFrames, nullptr, 0) == 0) return true;
   SDL_QuitSubSystem(SDL_INIT_AUDIO);
   return false;
+}
+
+void Fill(void* playback, Uint8* bytes, int size) {
+  static_cast<Playback*>(playback)->Fill(
+      {reinterpret_cast<std::int16_t*>(bytes), static_cast<std::size_t>(size) / sizeof(std::int16_t)});
 }
 
 /// Null if the file is no sound.
@@ -72,9 +76,9 @@ bool Voice::Close() {
     open_ = opening.get();
   }
   if (!std::exchange(open_, false)) return true;
+  Mix_HookMusic(nullptr, nullptr);
   try {
     const auto closing = Beside([sounds = std::move(sounds_)]() mutable {
-      Mix_HaltChannel(-1);
       sounds.clear();
       Mix_CloseAudio();
       SDL_QuitSubSystem(SDL_INIT_AUDIO);
@@ -90,6 +94,8 @@ void Voice::FreeChunk::operator()(Mix_Chunk* chunk) const { Mix_FreeChunk(chunk)
 bool Voice::Ready() {
   if (opening_.valid() && opening_.wait_for(std::chrono::seconds(0)) == std::future_status::ready) {
     open_ = opening_.get();
+    // The mixer's own channels stop and fade by whole buffers, which clicks.
+    if (open_) Mix_HookMusic(Fill, &playback_);
   }
   return open_;
 }
@@ -98,7 +104,9 @@ void Voice::Play(const std::filesystem::path& file) {
   if (!Ready()) return;
   const auto [sound, fresh] = sounds_.try_emplace(file.string());
   if (fresh) sound->second.reset(Load(file));
-  if (sound->second) Mix_PlayChannel(kChannel, sound->second.get(), 0);
+  if (!sound->second) return;
+  const Mix_Chunk& chunk = *sound->second;
+  playback_.Start({reinterpret_cast<const std::int16_t*>(chunk.abuf), chunk.alen / sizeof(std::int16_t)});
 }
 
 }  // namespace stage::sdl

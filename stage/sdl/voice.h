@@ -7,13 +7,16 @@
 #include <memory>
 #include <string>
 
+#include "stage/playback.h"
+
 struct Mix_Chunk;
 
 namespace stage::sdl {
 
-/// Plays one sound at a time; a new one cuts off the old. Every file is read once. Without a device, or with
-/// a file that cannot be played, there is silence. Devices can take their time to open and may hang when they
-/// are closed, so both is done beside the program, and its end does not wait for more than a moment.
+/// Plays one sound at a time; a new one cuts off the old as Playback does. Every file is read once. Without a
+/// device, or with a file that cannot be played, there is silence. Devices can take their time to open and
+/// may hang when they are closed, so both is done beside the program, and its end does not wait for more than
+/// a moment.
 class Voice {
  public:
   Voice();
@@ -34,6 +37,7 @@ class Voice {
 
   std::future<bool> opening_;
   bool open_ = false;
+  Playback playback_;
   std::map<std::string, std::unique_ptr<Mix_Chunk, FreeChunk>> sounds_;
 };
 
