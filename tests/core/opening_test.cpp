@@ -2,9 +2,21 @@
 #include <gtest/gtest.h>
 
 #include "tests/mesa.h"
+#include "tests/sight.h"
 
 namespace tests {
 namespace {
+
+/// A machine that is looked at when the program falls asleep.
+class Watched : public stage::ScriptedPlatform {
+ public:
+  using ScriptedPlatform::ScriptedPlatform;
+  std::function<void()> AtSleep = [] {};
+  void Wait(stage::Moment until, stage::Wake wake) override {
+    if (wake == stage::Wake::kOnTime) AtSleep();
+    ScriptedPlatform::Wait(until, wake);
+  }
+};
 
 /// The program with these events waiting from its first second on.
 class Abertura {
@@ -30,9 +42,22 @@ class Abertura {
   stage::sdl::Artist artist_;
 
  public:
-  stage::ScriptedPlatform platform{{.folder = folder_.Path()}, artist_};
+  Watched platform{{.screen = {16000, 9000}, .scale = 1.8, .folder = folder_.Path()}, artist_};
   Programa programa{platform, Assets()};
 };
+
+TEST(Opening, IsSeenInTheMiddleForASecond) {
+  Abertura abertura({});
+  abertura.platform.Look(true);
+  const auto start = abertura.platform.Now();
+  abertura.platform.AtSleep = [&] {
+    Sight sight(abertura.programa.Palco);
+    sight.Show("abertura", {(16000 - 4290) / 2 + 240, (9000 - 750) / 2 + 120, 3690, 585});
+    sight.ExpectShown();
+  };
+  ASSERT_TRUE(abertura.WaitsAfterStart());
+  EXPECT_EQ(abertura.platform.Now() - start, std::chrono::seconds(1));
+}
 
 TEST(Opening, KeysAndClicksAreForgottenWithIt) {
   Abertura abertura({stage::KeyPressed{13}, stage::KeyReleased{13}, stage::KeyPressed{32},
