@@ -54,8 +54,7 @@ class Sight {
     Each(place, [&](int x, int y, stage::Pixel& pixel) { pixel = drawn.At(x, y); });
   }
   void Write(const std::string& text, const Words& words, const stage::TwipRect& rect) {
-    const stage::Face face{Font(words.font), int(std::lround(words.points * 96 / 72 * scale_))};
-    const stage::Coverage written = stage_.Machine().Drawing().Write(face, text);
+    const stage::Coverage written = stage_.Machine().Drawing().Write(FaceOf(words), text);
     stage::PixelRect place = Pixels(rect);
     const int spare = place.Width() - written.size.width;
     place.left += words.align == stage::Align::kLeft    ? 0
@@ -71,6 +70,10 @@ class Sight {
       };
       pixel = mixed(16) | mixed(8) | mixed(0);
     });
+  }
+
+  double Width(const std::string& text, const Words& words) const {
+    return stage_.Machine().Drawing().TextWidth(FaceOf(words), text) * 15 / scale_;
   }
 
   /// The display shows this and nothing else, as it was last painted.
@@ -98,11 +101,9 @@ class Sight {
     const auto far = [&](int shift) { return std::abs(Part(a, shift) - Part(b, shift)) > kRounding; };
     return far(16) || far(8) || far(0);
   }
-  static std::string_view Font(std::string_view name) {
-    for (const stage::Asset& asset : korvane::Assets()) {
-      if (asset.name == name) return asset.bytes;
-    }
-    return {};
+  stage::Face FaceOf(const Words& words) const {
+    const auto font = std::ranges::find(korvane::Assets(), std::string_view(words.font), &stage::Asset::name);
+    return {font->bytes, int(std::lround(words.points * 96 / 72 * scale_))};
   }
   stage::PixelRect Pixels(const stage::TwipRect& rect) const {
     const auto nearest = [](double pixels) { return int(std::lround(pixels)); };

@@ -6,6 +6,8 @@
 #include <cstring>
 #include <map>
 #include <numbers>
+#include <regex>
+#include <set>
 
 #include "assets/sounds/instruments.h"
 #include "assets/sounds/loudness.h"
@@ -123,6 +125,21 @@ TEST(Sounds, SilenceAndSpikesAreRefused) {
   const Wave spike = sons::Strike(0.1, 440, {{1.0, 1.0, 0.001}});
   EXPECT_NEAR(sons::Loudness(sons::Finish(spike, -40)), -40, 0.01);
   EXPECT_THROW(sons::Finish(spike, -15), std::runtime_error);
+}
+
+TEST(Sounds, AreThoseThatTheGamePlays) {
+  std::set<std::string> played;
+  const std::regex name("\"(\\w+)\\.wav\"");
+  for (const char* room : {"ball", "bonus", "levels", "screens"}) {
+    for (const auto& entry : std::filesystem::directory_iterator(std::string(KORVANE_SOURCE) + '/' + room)) {
+      const std::string code = tests::ReadFile(entry.path());
+      for (std::sregex_iterator at(code.begin(), code.end(), name); at != std::sregex_iterator(); ++at)
+        played.insert((*at)[1]);
+    }
+  }
+  std::set<std::string> made;
+  for (const Case& each : kCases) made.insert(each.name);
+  EXPECT_EQ(played, made);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <set>
 
 #include "tests/mesa.h"
 
@@ -126,6 +127,26 @@ class Draws : public testing::Test {
 TEST_F(Draws, EveryValueGivesItsCode) {
   for (int n = 1; n <= kFallingValues; ++n) EXPECT_EQ(Fall(n, {}), Outcome{CodeOf(kFalling, n)}) << n;
   for (int n = 1; n <= kParkedValues; ++n) EXPECT_EQ(Park(n, {}), Outcome{CodeOf(kParked, n)}) << n;
+}
+
+TEST(Draw, ComesFromTheClock) {
+  std::set<Single> next;
+  constexpr int kMoments = 5;
+  for (int second = 0; second < kMoments; ++second) {
+    for (const bool falling : {false, true}) {
+      Mesa mesa(Levels({"600,11000,250,480,5\n"}), {.seconds_of_day = 43200.0 + second});
+      game& jogo = mesa.Jogo();
+      mesa.Palco().Timers().StopAllOf(jogo);
+      jogo.BolaPresa = false;
+      if (falling) {
+        jogo.Timer2_Timer();
+      } else {
+        jogo.TimerBonusParado_Timer();
+      }
+      next.insert(mesa.Palco().Rnd());
+    }
+  }
+  EXPECT_GE(next.size(), std::size_t(kMoments));
 }
 
 TEST_F(Draws, TheStateOfPlayMakesOfADrawnCode) {

@@ -145,25 +145,47 @@ TEST_F(Store, ReadsWhatItCanAndKeepsWhatIsDamaged) {
   }
 }
 
+/// The row comes first, and the last one falls out of the table.
+void Insert(Module1& modulo, const Rows::value_type& row) {
+  for (Integer r = 10; r > 1; r = r - 1) {
+    modulo.RecNome(r) = modulo.RecNome(r - 1);
+    modulo.RecPontos(r) = modulo.RecPontos(r - 1);
+  }
+  modulo.RecNome(1) = row.first;
+  modulo.RecPontos(1) = row.second;
+}
+
 TEST_F(Store, KeepsTheTableOfAnotherCopyOfTheGame) {
   const auto kept = [&] { return std::filesystem::exists(Path("kv_his.old")); };
   tests::WriteFile(Path("kv_his.dat"), RowsFrom(1));
-  Module1 other;
-  other.AppPath = modulo.AppPath;
   Getrecords(modulo);
-  Getrecords(other);
-  // The last row falls out of the table, as it should.
-  other.RecNome(10) = "\"Ela\"";
-  other.RecPontos(10) = 500;
+  Module1 other = modulo;
+  Insert(other, {"\"Ela\"", 500});
   GravaRecords(other);
   GravaRecords(other);
   EXPECT_FALSE(kept());
   const std::string table = tests::ReadFile(Path("kv_his.dat"));
-  modulo.RecNome(10) = "Eu";
-  modulo.RecPontos(10) = 400;
-  GravaRecords(modulo);
-  ASSERT_TRUE(kept());
-  EXPECT_EQ(tests::ReadFile(Path("kv_his.old")), table);
+  // Rows that have the name of her record or its score, not both.
+  const Rows own[] = {{{"Eu", 400}}, {{"Eu", 500}}, {{"'Ela'", 400}}, {{"'Ela'", 400}, {"Eu", 500}}};
+  for (const Rows& rows : own) {
+    std::filesystem::remove(Path("kv_his.old"));
+    tests::WriteFile(Path("kv_his.dat"), table);
+    Module1 mine = modulo;
+    for (const auto& row : rows) Insert(mine, row);
+    GravaRecords(mine);
+    ASSERT_TRUE(kept()) << rows[0].first << rows[0].second;
+    EXPECT_EQ(tests::ReadFile(Path("kv_his.old")), table);
+  }
+}
+
+TEST_F(Store, LeavesAFileThatCannotBeReadToItsEnd) {
+  tests::WriteFile(Path("kv_his.dat"), "damaged");
+  std::filesystem::resize_file(Path("kv_his.dat"), (64 << 20) + 1);
+  const std::string said = Said([&] { GravaRecords(modulo); });
+  EXPECT_EQ(said,
+            "korvane: cannot read " + Path("kv_his.dat").string() + "; the records hold for this run only\n");
+  EXPECT_GT(std::filesystem::file_size(Path("kv_his.dat")), 64U << 20);
+  EXPECT_EQ(Files(), 1U);
 }
 
 TEST_F(Store, WritesToTheByte) {

@@ -39,6 +39,11 @@ class Bench {
     platform.Send(TextTyped{text});
     theatre.DoEvents();
   }
+  /// Whatever the display showed is lost.
+  void Scribble() {
+    const Framebuffer canvas = *platform.Canvas();
+    std::fill_n(canvas.pixels, std::ptrdiff_t(canvas.Row(canvas.size.height) - canvas.Row(0)), 0x123456);
+  }
   /// All that the display shows.
   std::vector<Pixel> Pixels() {
     theatre.PaintNow();

@@ -115,6 +115,18 @@ TEST_F(Forms, AControlThatIsGoneHasNoFocus) {
   bench.Press(key::kTab);
 }
 
+TEST_F(Forms, AClickGivesTheFocusToWhatTakesIt) {
+  bench.theatre.Show(form, kModeless);
+  TextBox first(*form, {0, 0, 900, 300}, {}, "", 9);
+  TextBox second(*form, {0, 600, 900, 300}, {}, "", 9);
+  const Image image(*form, {0, 1200, 900, 300}, ball, true);
+  for (const Double y : {100.0, 700.0, 1300.0}) {
+    bench.ClickAt(100, y);
+    bench.Type("x");
+  }
+  EXPECT_EQ(first.Text.Get() + '|' + second.Text.Get(), "x|xx");
+}
+
 TEST_F(Forms, AModalFormTakesAllInput) {
   const auto modal = std::make_shared<NotingForm>(bench.theatre, Units{}, "Modal");
   modal->Width = 3000;

@@ -12,8 +12,8 @@ constexpr int kRefreshRate = 320;  // five refreshes to a beat
 
 class Gliding : public testing::Test {
  protected:
-  explicit Gliding(std::optional<Moment> refresh_phase = std::nullopt)
-      : bench({.scale = 1, .refresh_rate = kRefreshRate, .refresh_phase = refresh_phase}) {
+  explicit Gliding(std::optional<Moment> refresh_phase = std::nullopt, int refresh_rate = kRefreshRate)
+      : bench({.scale = 1, .refresh_rate = refresh_rate, .refresh_phase = refresh_phase}) {
     bench.platform.Look(true);
     bench.theatre.Show(form, kModeless);
     mover.Tick = [this] {
@@ -82,6 +82,20 @@ TEST_F(GlidingAsTold, GoesByTheDisplaysOwnRefreshes) {
     bench.theatre.DoEvents();
     EXPECT_NEAR(SeenLeft(), start + 2.2 * refresh, 0.02) << refresh;
     EXPECT_EQ(bench.theatre.Glides().NextRefresh(), next + Moment(1250000 / kRefreshRate));
+  }
+}
+
+/// On a display with half as many refreshes as there are beats.
+class GlidingSlowly : public Gliding {
+ protected:
+  GlidingSlowly() : Gliding(std::nullopt, 32) {}
+};
+
+TEST_F(GlidingSlowly, ShowsWhereTheBeatBeforeTheRefreshHasPutTheImage) {
+  step = next_step = 165;
+  for (const int seen : {100, 111, 111, 133, 133, 155, 155}) {
+    bench.Beats(1);
+    EXPECT_EQ(SeenLeft(), seen);
   }
 }
 

@@ -4,6 +4,7 @@
 #include <random>
 
 #include "stage/dialogs.h"
+#include "tests/sight.h"
 #include "tests/stage/bench.h"
 
 namespace {
@@ -68,6 +69,7 @@ TEST(Painting, OfChangesEqualsPaintingAnew) {
       bench.theatre.DoEvents();
       const std::vector<Pixel> grown = bench.Pixels();
       if (step % 10 != 0) continue;
+      bench.Scribble();
       bench.theatre.Repaint();
       ASSERT_EQ(grown, bench.Pixels()) << "step " << step << " at scale " << scale;
     }
@@ -143,11 +145,97 @@ TEST(Painting, ATextWrittenSmallerStandsOnTheLineOfItsRow) {
   }
 }
 
-TEST(Painting, PutsTheScreenInTheMiddleOfOddDisplays) {
-  const Viewport view({12000, 9000}, {1000, 600});
-  EXPECT_EQ(view.Area(), (PixelRect{100, 0, 900, 600}));
-  EXPECT_NEAR(view.ToTwips({100, 0}).x, 0, 1e-9);
-  EXPECT_NEAR(view.ToTwips({900, 600}).x, 12000, 1e-9);
+TEST(Painting, BringsALostPictureBackWithBlackBesideTheScreen) {
+  struct Case {
+    PixelSize display;
+    PixelRect screen;
+  };
+  for (const auto& [display, screen] :
+       {Case{{1000, 600}, {100, 0, 900, 600}}, Case{{800, 700}, {0, 50, 800, 650}}}) {
+    Bench bench({.display = display});
+    const Viewport view({12000, 9000}, display);
+    EXPECT_EQ(view.Area(), screen);
+    EXPECT_NEAR(view.ToTwips({Double(screen.left), Double(screen.top)}).x, 0, 1e-9);
+    EXPECT_NEAR(view.ToTwips({Double(screen.right), Double(screen.bottom)}).x, 12000, 1e-9);
+    bench.platform.Look(true);
+    const auto form = std::make_shared<NotingForm>(bench.theatre);
+    // They stand out of the screen on all sides.
+    const TwipRect places[] = {{-300, -300, 6000, 6000}, {9000, 6000, 6000, 6000}};
+    const PictureRef picture = bench.theatre.Pictures.Named("ImagePedra1");
+    std::vector<std::unique_ptr<Image>> images;
+    Sight sight(bench.theatre);
+    for (const TwipRect& at : places) {
+      images.push_back(
+          std::make_unique<Image>(*form, Design{at.left, at.top, at.width, at.height}, picture, true));
+      sight.Show("ImagePedra1", at);
+    }
+    bench.theatre.Show(form, kModeless);
+    for (int time = 0; time < 2; ++time) {
+      bench.theatre.PaintNow();
+      sight.ExpectShown();
+      EXPECT_EQ(bench.platform.TakePresented(),
+                (std::vector<PixelRect>{{0, 0, display.width, display.height}}));
+      bench.Scribble();
+      bench.platform.Send(DisplayChanged{});
+      bench.theatre.DoEvents();
+    }
+  }
+}
+
+TEST(Painting, OfADialogLeavesTheFormsBelowAsTheyAre) {
+  constexpr Pixel kFrame = 0xB9C2D6;
+  constexpr Pixel kFocused = 0xFFD23F;
+  constexpr Words kTitle{"LiberationSans-Bold", 9.75, 0xFFD23F};
+  constexpr Words kText{"LiberationSans-Regular", 9.75, 0xF0F0F0};
+  constexpr Words kButton{"LiberationSans-Regular", 9.75, 0xF0F0F0, Align::kCenter};
+  constexpr Double kLine = 13 * 15 * 1.2;
+  for (const bool asks : {false, true}) {
+    SCOPED_TRACE(asks);
+    Bench bench;
+    bench.platform.Look(true);
+    const auto form = std::make_shared<NotingForm>(bench.theatre);
+    const Image image(*form, {0, 0, 12000, 9000}, bench.theatre.Pictures.Named("ImagePedra1"), true);
+    bench.theatre.Show(form, kModeless);
+    const Double width = asks ? 4800 : 3600;
+    const Double height = asks ? 2400 : 1900;
+    const Double left = (12000 - width) / 2;
+    const Double top = (9000 - height) / 2;
+    const auto look = [&](int focus) {
+      Sight sight(bench.theatre);
+      sight.Show("ImagePedra1", {0, 0, 12000, 9000});
+      sight.Within({left, top, width, height});
+      sight.Fill({left, top, width, height}, 0);
+      sight.Write("Title", kTitle, {left + 240, top + 90, width, 420});
+      sight.Write("Words", kText, {left + 240, top + 660, width, 300});
+      const int buttons = asks ? 2 : 1;
+      for (int i = 0; i < buttons; ++i) {
+        const TwipRect place{left + (width - buttons * 1440 + 240) / 2 + i * 1440, top + height - 660, 1200,
+                             420};
+        sight.Fill(place, 0x2A3348);
+        sight.Frame(place, i + (asks ? 1 : 0) == focus ? kFocused : kFrame);
+        sight.Write(i == 0 ? "OK" : "Cancel", kButton,
+                    {place.left, place.top + (420 - kLine) / 2, 1200, kLine});
+      }
+      if (asks) {
+        const TwipRect field{left + 240, top + 1080, width - 480, 390};
+        sight.Frame(field, 0x606060);
+        if (focus == 0) sight.Fill({field.left + 60, field.top + (390 - kLine) / 2, 15, kLine}, 0xFFFFFF);
+      }
+      sight.Frame({left, top, width, height}, kFrame);
+      sight.ExpectShown();
+    };
+    int focus = 0;
+    bench.platform.Director = [&] {
+      look(focus);
+      bench.Press(++focus < (asks ? 3 : 1) ? key::kTab : key::kEsc);
+    };
+    if (asks) {
+      bench.theatre.InputBox("Words");
+    } else {
+      bench.theatre.MsgBox("Words");
+    }
+    EXPECT_EQ(focus, asks ? 3 : 1);
+  }
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/sight.h"
 #include "tests/stage/bench.h"
 
 namespace {
@@ -31,6 +32,7 @@ TEST_F(TextBoxes, AreEditedByKeys) {
   const Stroke back{key::kBackspace};
   const Stroke del{key::kDelete};
   const Stroke left{key::kLeft};
+  const Stroke right{key::kRight};
   const Stroke home{key::kHome};
   const Stroke end{key::kEnd};
   const Case cases[] = {{{{0, 0, "João"}, back}, "Joã"},
@@ -43,7 +45,13 @@ TEST_F(TextBoxes, AreEditedByKeys) {
                         {{{0, 0, "abcdefghij"}}, "abcdefgh"},
                         {{{0, 0, "abcdefgh"}, {key::kLeft, kShift}, {0, 0, "xyz"}}, "abcdefgx"},
                         {{{0, 0, "a\tb\n"}}, "ab"},
-                        {{{0, 0, "1"}, {key::kV, kCtrl}, {key::kV, 0}}, "1p\"é"},
+                        {{{0, 0, "1"}, {key::kV, kCtrl}}, "1p\"é"},
+                        {{{0, 0, "1"}, {key::kV, 0}}, "1"},
+                        {{{0, 0, "ac"}, left, {0, 0, "b"}, {0, 0, "!"}}, "ab!c"},
+                        {{{0, 0, "ab"}, home, left, {0, 0, "x"}}, "xab"},
+                        {{{0, 0, "ab"}, home, right, {0, 0, "x"}}, "axb"},
+                        {{{0, 0, "ab"}, home, right, {key::kRight, kShift}, {0, 0, "x"}}, "ax"},
+                        {{{0, 0, "~\x7F \x1F"}}, "~ "},
                         {{back, del, left, end}, ""}};
   bench.platform.SetClipboard("p\"é");
   for (const Case& each : cases) {
@@ -56,6 +64,52 @@ TEST_F(TextBoxes, AreEditedByKeys) {
       }
     }
     EXPECT_EQ(box.Text.Get(), each.result);
+  }
+}
+
+TEST_F(TextBoxes, ShowWhatIsSelectedAndWhereTheyAreWritten) {
+  constexpr Words kWords{"LiberationSans-Bold", 12, 0xFFFFFF};
+  constexpr Double kLine = 12 * 20 * 1.2;
+  struct Case {
+    std::string text;
+    std::vector<int> keys;  // all with Shift
+    std::size_t from;       // of the selection
+    std::size_t to;
+    std::size_t caret;
+  };
+  const std::string longest(60, 'm');
+  const Case cases[] = {{"", {}, 0, 0, 0},
+                        {"abcd", {}, 4, 4, 4},
+                        {"abcd", {key::kLeft, key::kLeft}, 2, 4, 2},
+                        {"abcd", {key::kHome, key::kRight}, 1, 4, 1},
+                        {longest, {}, 60, 60, 60},
+                        {longest, {key::kHome}, 0, 60, 0}};
+  const TwipRect area{1500, 3000, 4500, 600};
+  const Style style{{"MS Sans Serif", 12, true}, Rgb(255, 255, 255)};
+  TextBox seen(*form, {area.left, area.top, area.width, area.height}, style, "", 60);
+  bench.platform.Look(true);
+  box.Visible = false;
+  for (const Case& each : cases) {
+    for (const bool focused : {true, false}) {
+      SCOPED_TRACE(each.text + (focused ? " focused" : ""));
+      seen.SetFocus();
+      seen.Text = "";
+      bench.Type(each.text);
+      for (const int code : each.keys) bench.Press(code, kShift);
+      if (!focused) box.SetFocus();
+      Sight sight(bench.theatre);
+      const auto width = [&](std::size_t to) { return sight.Width(each.text.substr(0, to), kWords); };
+      // With a margin of 60 twips on both sides the caret is always inside.
+      const Double left = area.left + 60 - std::max(0.0, width(each.caret) + 15 - (area.width - 2 * 60));
+      const Double top = area.top + (area.height - kLine) / 2;
+      sight.Within(area);
+      sight.Frame(area, 0x606060);
+      sight.Fill({left + width(each.from), top, width(each.to) - width(each.from), kLine}, 0x3A5A8C);
+      sight.Write(each.text, kWords, {left, top, area.width, kLine});
+      if (focused) sight.Fill({left + width(each.caret), top, 15, kLine}, 0xFFFFFF);
+      bench.theatre.PaintNow();
+      sight.ExpectShown();
+    }
   }
 }
 

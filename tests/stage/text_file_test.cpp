@@ -4,12 +4,27 @@
 #include <gtest/gtest.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <functional>
 #include <thread>
 
 #include "tests/mesa.h"
+
+namespace {
+
+/// What the machine does when a file is to be locked; the lock itself if nothing is told.
+std::function<int()>& Locking() {
+  static std::function<int()> locking;
+  return locking;
+}
+
+}  // namespace
+
+extern "C" int flock(int file, int operation) noexcept {
+  return Locking() ? Locking()() : static_cast<int>(syscall(SYS_flock, file, operation));
+}
 
 namespace {
 
@@ -72,6 +87,7 @@ class Replacing : public testing::Test {
   std::size_t Files() const {
     return std::size_t(std::distance(std::filesystem::directory_iterator(folder.Path()), {}));
   }
+  void TearDown() override { Locking() = nullptr; }
 
   tools::TempFolder folder;
   const std::filesystem::path file = folder.Path() / "a";
@@ -120,6 +136,31 @@ TEST_F(Replacing, FallsIntoNoTrap) {
     ExpectRefused();
     std::filesystem::remove(fresh);
   }
+}
+
+TEST_F(Replacing, TakesOverWhatAKilledWriterHasLeft) {
+  tests::WriteFile(fresh, "longer than what comes");
+  stage::WriteWhole(file, "new");
+  EXPECT_EQ(tests::ReadFile(file), "new");
+  EXPECT_EQ(Files(), 1U);
+}
+
+TEST_F(Replacing, WritesWhereTheMachineKnowsNoLocks) {
+  Locking() = [] { return errno = ENOLCK, -1; };
+  stage::WriteWhole(file, "new");
+  EXPECT_EQ(tests::ReadFile(file), "new");
+}
+
+TEST_F(Replacing, StartsAnewWhenAnotherWriterHasPutItsFileInPlace) {
+  int locks = 0;
+  Locking() = [&] {
+    if (++locks == 1) std::filesystem::rename(fresh, victim);
+    return 0;
+  };
+  stage::WriteWhole(file, "new");
+  EXPECT_EQ(locks, 2);
+  EXPECT_EQ(tests::ReadFile(file), "new");
+  EXPECT_EQ(tests::ReadFile(victim), "");
 }
 
 TEST_F(Replacing, WaitsForAnotherWriterButNotForEver) {

@@ -48,6 +48,7 @@ TEST_F(Timers, StartAnewWhenTurnedOnOrPaced) {
   timer.Enabled = true;
   bench.Beats(63);
   timer.Enabled = true;  // it is on already
+  EXPECT_EQ(timer.ticks, 0);
   bench.Beats(1);
   EXPECT_EQ(timer.ticks, 1);
   bench.Beats(60);
@@ -61,7 +62,13 @@ TEST_F(Timers, StartAnewWhenTurnedOnOrPaced) {
   EXPECT_EQ(timer.ticks, 2);
   EXPECT_THROW(timer.Interval = 65536, RuntimeError);
   EXPECT_THROW(timer.Interval = -1, RuntimeError);
+  EXPECT_THROW(Counting(*form, 65536, true), RuntimeError);
   EXPECT_EQ(timer.Interval, 0);
+  timer.Interval = 65535;
+  bench.Beats(4194);
+  EXPECT_EQ(timer.ticks, 2);
+  bench.Beats(1);
+  EXPECT_EQ(timer.ticks, 3);
 }
 
 TEST_F(Timers, TurnedOnInATickThatWaitedStartFromThatMoment) {
@@ -99,6 +106,36 @@ TEST_F(Timers, OfOthersTickInsideAYieldAndNeverInTheirOwn) {
   };
   bench.Beats(1);
   EXPECT_EQ(order, "<1<22>1>");
+  // A beat passes inside: the first is due again, but under way.
+  order.clear();
+  second.Tick = [&] { order += "2"; };
+  first.Tick = [&] {
+    order += "<1";
+    bench.Beats(1);
+    order += "1>";
+    first.Enabled = false;
+  };
+  bench.Beats(1);
+  EXPECT_EQ(order, "<121>");
+}
+
+TEST_F(Timers, WakeTheProgramForTheNextOne) {
+  constexpr Moment kHour = std::chrono::hours(1);
+  const auto wait = [&] { return bench.theatre.Timers().NextBeat() - bench.platform.Now(); };
+  bench.Beats(1);
+  EXPECT_EQ(wait(), kHour) << "there is none";
+  const Counting off(*form, 100, false);
+  const Counting never(*form, 0, true);
+  EXPECT_EQ(wait(), kHour);
+  const Counting slow(*form, 1000, true);
+  EXPECT_EQ(wait(), 64 * kBeat);
+  Counting quick(*form, 20, true);
+  EXPECT_EQ(wait(), 2 * kBeat);
+  bench.platform.Pass(5 * kBeat + Moment(1));
+  EXPECT_LT(wait(), Moment(0)) << "it is due, and its beat has not been run";
+  bench.theatre.DoEvents();
+  EXPECT_EQ(quick.ticks, 1);
+  EXPECT_EQ(wait(), 2 * kBeat - Moment(1));
 }
 
 TEST_F(Timers, StopWithTheirForm) {

@@ -5,6 +5,7 @@
 #include "tools/level/check.h"
 #include "tools/level/draw.h"
 #include "tools/level/map.h"
+#include "tools/level/reach.h"
 
 namespace {
 
@@ -82,6 +83,21 @@ TEST(LevelTool, NamesTheRecordAndTheFieldThatAreWrong) {
     EXPECT_TRUE(verdict.starts_with(test.verdict))
         << test.text.substr(0, 120) << "expected " << test.verdict << "\ngot " << verdict;
   }
+}
+
+TEST(LevelTool, TakesTheBallAsLargeAsItEverIs) {
+  Mesa mesa({{"levels/1.sav", kQuietLevel}}, {.screen = stage::ScreenFor({5, 4})});
+  mesa.Beats(1);
+  const game& jogo = mesa.Jogo();
+  const Double across = 12000 / mesa.Palco().Screen.Width;
+  using Room = level::Room;
+  const std::pair<int, Double> sizes[] = {{Room::kBallWidth, jogo.ball.Width * across},
+                                          {Room::kBallHeight, Double(jogo.ball.Height)}};
+  for (const auto& [taken, real] : sizes) {
+    EXPECT_GE(taken, real);
+    EXPECT_LE(taken, real + 2);
+  }
+  EXPECT_EQ(Room::kLowest, stage::Int(jogo.ball.Top));
 }
 
 TEST(LevelTool, FindsNothingWrongWithTheLevelsOfTheGame) {
