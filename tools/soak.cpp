@@ -1,15 +1,16 @@
 // korvane-soak [HOURS] [SEED]: a bot plays for hours of virtual time, across all series, while the invariants
-// of the game are watched at every beat. korvane-soak --levels [SEED]: the bot plays each level of series A
-// and D to its end.
+// of the game are watched at every beat. korvane-soak --levels [FIRST [LAST [SEED]]]: the bot plays each of
+// these levels, all if none are named, to its end in series A and D, many times. It tells how they played,
+// and fails if one plays as no level should.
 #include <array>
 #include <chrono>
 #include <iomanip>
 #include <iostream>
+#include <limits>
+#include <random>
 
-#include "assets/assets.h"
-#include "stage/sdl/artist.h"
-#include "tools/bot.h"
-#include "tools/invariants.h"
+#include "tools/level_plays.h"
+#include "tools/session.h"
 #include "tools/temp_folder.h"
 
 namespace {
@@ -17,60 +18,6 @@ namespace {
 using korvane::game;
 using stage::Double;
 using stage::Moment;
-
-constexpr Double kMicrosecondsInMinute = 60e6;
-
-struct Enough {};
-struct Broken {
-  Moment t;
-  std::string what;
-};
-
-stage::ScriptedSetup Setup(const std::filesystem::path& folder) {
-  stage::ScriptedSetup setup;
-  setup.folder = folder;
-  return setup;
-}
-
-/// One run of the program, with the bot in front of it.
-struct Session {
-  Session(const std::filesystem::path& folder, std::uint32_t seed)
-      : platform(Setup(folder), artist),
-        programa(platform, korvane::Assets()),
-        bot(programa, platform, seed) {
-    programa.Palco.Draws.Fix(seed);
-  }
-
-  /// `look` is called each time the program waits, before the bot acts.
-  template <class Look>
-  void Run(Look look) {
-    platform.Director = [this, look] {
-      if (game* const jogo = programa.game.Last(); jogo != nullptr && jogo->LeuFase) {
-        const std::string what = invariants.Broken(*jogo, programa.Palco.ActiveForm());
-        if (!what.empty()) throw Broken{platform.Now(), what};
-        look(*jogo);
-      }
-      bot.Act();
-    };
-    try {
-      programa.Corre();
-    } catch (const Enough&) {
-    }
-  }
-
-  stage::sdl::Artist artist;
-  stage::ScriptedPlatform platform;
-  korvane::Programa programa;
-  bot::Bot bot;
-  bot::Invariants invariants;
-};
-
-void GoTo(game& jogo, int serie, int number) {
-  jogo.clearall();
-  jogo.FaseAtual = number;
-  jogo.Serie = serie;
-  jogo.loadup(number);
-}
 
 struct Figures {
   int sessions = 0;
@@ -82,18 +29,18 @@ struct Figures {
 /// Plays until `end` or until the bot leaves the program. Gives the time that passed.
 Moment PlayOn(const std::filesystem::path& folder, std::uint32_t seed, Moment end, Figures& figures) {
   constexpr Moment kLongestSession = std::chrono::hours(3);
-  Session session(folder, seed);
+  bot::Session session(folder, seed);
   std::int64_t gone = -1;
   std::int64_t points = 0;
   int serie = 0;
   bool leaving = false;
   session.Run([&](game& jogo) {
     const Moment now = session.platform.Now();
-    if (now >= end) throw Enough{};
+    if (now >= end) throw bot::Enough{};
     const bool in_play = session.programa.Palco.ActiveForm()->Name() == "game";
     if (in_play && jogo.FasesRetiradas != gone && jogo.Box.Exists(jogo.ProximoBox)) {
       ++figures.levels[std::size_t(serie)];
-      if (jogo.Serie == 0 && jogo.FaseAtual == 1) GoTo(jogo, figures.games % 4, 1);
+      if (jogo.Serie == 0 && jogo.FaseAtual == 1) bot::GoTo(jogo, figures.games % 4, 1);
       gone = jogo.FasesRetiradas;
       serie = jogo.Serie;
     }
@@ -118,7 +65,7 @@ int Soak(const tools::TempFolder& folder, Double hours, std::uint32_t seed) {
     while (passed < whole) {
       passed += PlayOn(folder.Path(), seed + std::uint32_t(figures.sessions), whole - passed, figures);
     }
-  } catch (const Broken& broken) {
+  } catch (const bot::Broken& broken) {
     std::cout << "broken: seed " << seed << ", session " << figures.sessions << ", t "
               << Double(broken.t.count()) / 1000 << " ms: " << broken.what << '\n';
     return 1;
@@ -131,47 +78,32 @@ int Soak(const tools::TempFolder& folder, Double hours, std::uint32_t seed) {
   return 0;
 }
 
-/// Minutes of virtual play that the level took; below 0 if it did not end in time.
-Double PlayLevel(const tools::TempFolder& folder, int number, int serie, std::uint32_t seed) {
-  constexpr Moment kLongest = std::chrono::minutes(60);
-  constexpr int kLives = 5;
-  Session session(folder.Path(), seed);
-  session.bot.wanders = false;
-  session.bot.stays_in_level = true;
-  Moment start{-1};
-  bool ended = false;
-  session.Run([&](game& jogo) {
-    const Moment now = session.platform.Now();
-    if (session.programa.Palco.ActiveForm()->Name() != "game") return;
-    const bool speed_found = jogo.Module1.Iniciado && !jogo.timerDefine.Enabled;
-    if (start < Moment{0}) {
-      if (!speed_found) return;
-      start = now;
-      GoTo(jogo, serie, number);
-    }
-    jogo.Vidas = kLives;  // the game does not end under the bot
-    ended = jogo.FaseAtual != number || jogo.Serie != serie;
-    if (ended || now - start >= kLongest) throw Enough{};
-  });
-  return ended ? Double((session.platform.Now() - start).count()) / kMicrosecondsInMinute : -1;
+void Print(const bot::LevelFigures& level) {
+  std::cout << std::left << std::setw(6) << level.Name() << std::right << std::fixed << std::setprecision(1)
+            << std::setw(8) << level.minutes << std::setw(9) << level.drought << std::setw(11)
+            << level.hard_hits << std::setw(8) << level.unseen << (level.ended ? "" : "  not finished")
+            << std::endl;
 }
 
-int PlayLevels(const tools::TempFolder& folder, std::uint32_t seed) {
-  int failed = 0;
+/// The levels in series A and D.
+int PlayLevels(const tools::TempFolder& folder, std::uint32_t seed, int first, int last) {
+  constexpr std::uint32_t kPlays = 25;
+  std::vector<std::string> broken;
+  std::cout << "level  minutes  drought  hard hits  unseen\n";
   for (const int serie : {0, 3}) {
-    for (int number = 1;
-         std::filesystem::exists(folder.Path() / "levels" / (std::to_string(number) + ".sav")); ++number) {
-      const Double minutes = PlayLevel(folder, number, serie, seed);
-      std::cout << "ABCD"[serie] << '-' << number << ' ';
-      if (minutes < 0) {
-        ++failed;
-        std::cout << "not finished" << std::endl;
-      } else {
-        std::cout << std::fixed << std::setprecision(1) << minutes << std::endl;
-      }
+    std::vector<bot::LevelFigures> series;
+    for (int number = first; number <= last; ++number) {
+      if (!std::filesystem::exists(folder.Path() / "levels" / (std::to_string(number) + ".sav"))) break;
+      std::vector<bot::LevelPlay> plays;
+      for (std::uint32_t i = 0; i < kPlays; ++i)
+        plays.push_back(bot::PlayLevel(folder.Path(), number, serie, seed + i));
+      Print(series.emplace_back(serie, number, plays));
     }
+    const std::vector<std::string> of_series = bot::BrokenLimits(series);
+    broken.insert(broken.end(), of_series.begin(), of_series.end());
   }
-  return failed == 0 ? 0 : 1;
+  for (const std::string& what : broken) std::cout << "broken: " << what << '\n';
+  return broken.empty() ? 0 : 1;
 }
 
 }  // namespace
@@ -179,14 +111,17 @@ int PlayLevels(const tools::TempFolder& folder, std::uint32_t seed) {
 int main(int count, char** arguments) {
   constexpr Double kUsualHours = 24;
   const bool levels = count > 1 && std::string(arguments[1]) == "--levels";
+  const auto number = [&](int i, int otherwise) { return count > i ? std::stoi(arguments[i]) : otherwise; };
   try {
     const Double hours = count > 1 && !levels ? std::stod(arguments[1]) : kUsualHours;
-    const auto seed = count > 2 ? std::uint32_t(std::stoul(arguments[2])) : std::random_device{}();
+    const auto seed = std::uint32_t(levels ? number(4, 1) : number(2, int(std::random_device{}() / 4)));
     std::cout << "seed " << seed << std::endl;
     const tools::TempFolder folder;
     folder.TakeProgramFolders(tools::OwnFolder());
-    return levels ? PlayLevels(folder, seed) : Soak(folder, hours, seed);
-  } catch (const Broken& broken) {
+    if (!levels) return Soak(folder, hours, seed);
+    const int first = number(2, 1);
+    return PlayLevels(folder, seed, first, number(3, count > 2 ? first : std::numeric_limits<int>::max()));
+  } catch (const bot::Broken& broken) {
     std::cout << "broken at " << Double(broken.t.count()) / 1000 << " ms: " << broken.what << '\n';
   } catch (const std::exception& error) {
     std::cerr << "korvane-soak: " << error.what() << '\n';
