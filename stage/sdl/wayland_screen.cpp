@@ -69,11 +69,15 @@ WaylandScreen::~WaylandScreen() {
 }
 
 void WaylandScreen::Listen() {
-  static const wl_surface_listener kSurface{[](void* self, wl_surface*, wl_output* output) {
-                                              As<WaylandScreen>(self).entered_ = output;
-                                              As<WaylandScreen>(self).Refit();
-                                            },
-                                            [](void*, wl_surface*, wl_output*) {}};
+  static const wl_surface_listener kSurface = [] {
+    wl_surface_listener listener{};
+    listener.enter = [](void* self, wl_surface*, wl_output* output) {
+      As<WaylandScreen>(self).entered_ = output;
+      As<WaylandScreen>(self).Refit();
+    };
+    listener.leave = [](void*, wl_surface*, wl_output*) {};
+    return listener;
+  }();
   wl_surface_add_listener(surface_.get(), &kSurface, this);
   if (!globals_->fractional_scales || !viewport_) return;
   static const wp_fractional_scale_v1_listener kScale{
