@@ -4,33 +4,7 @@
 namespace korvane {
 
 void game::consedebonus(Integer nbonus) {
-  switch (nbonus) {
-    case 1:
-    case 2:
-      return TrocaBola(nbonus);
-    case 3:
-      return PerdeVida();
-    case 4:
-      sound("mais.wav");
-      if (TamanhoUser < 3) MudaTamanho(TamanhoUser + 1);
-      return;
-    case 5:
-      sound("menos.wav");
-      if (TamanhoUser > 1) MudaTamanho(TamanhoUser - 1);
-      return;
-    case 6:
-      sound("cola.wav");
-      Magnetico = true;
-      return;
-    case 7:
-      return GanhaFase();
-    case 8:
-      sound("mais1.wav");
-      Vidas = Vidas + 1;
-      return ExibeVidas(Vidas);
-    default:
-      return;
-  }
+  if (const Bonus* const bonus = TabelaBonus::De(nbonus)) bonus->faz(*this);
 }
 
 void game::TrocaBola(Integer codigo) {

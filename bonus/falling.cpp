@@ -1,24 +1,16 @@
 // Bonuses that fall from the top of the screen and are caught by the paddle.
-#include "bonus/draw.h"
 #include "core/game.h"
 
 namespace korvane {
-namespace {
-
-constexpr Sorteio kSorteio{
-    400, {{{20, 1}, {30, 2}, {80, 3}, {100, 4}, {120, 5}, {130, 6}}}, {155, 165, 175}, {151, 161, 0}};
-
-}  // namespace
 
 void game::Timer2_Timer() {
   if (BonusExcluido == kTodosBarrados || paused || BolaPresa) return;
-  const Integer sorteado = CodigoSorteado(kSorteio);
+  const int sorteado = CodigoSorteado(Sorteio::kCaindo);
   if (sorteado == kNenhum) return;
-  const int dois = Module1.BolaAtual == 2 ? kNenhum : TemRigido ? 2 : 1;
-  const Integer codigo = AplicaRegras(sorteado, dois);
+  const int codigo = AplicaRegras(sorteado, Sorteio::kCaindo);
   if (codigo == kNenhum) return;
   const bool barrado = codigo == BonusExcluido;
-  if (barrado && sorteado == 1) return;
+  if (barrado && sorteado == kAtravessaBlocos) return;
   BonusCaindo = codigo;
   if (!barrado) SoltaBonus();
 }
@@ -26,7 +18,7 @@ void game::Timer2_Timer() {
 void game::SoltaBonus() {
   Imgbonus.Picture = ImagePower(BonusCaindo).Picture;
   Imgbonus.Top = Single(-Imgbonus.Height);
-  const bool mira = VelY > 0 && BonusCaindo == 3;
+  const bool mira = VelY > 0 && BonusCaindo == kTiraVida;
   const Double b = mira ? Int(Double(Palco.Rnd()) * 5) + 1 : 0;
   if (b == 1) {
     Imgbonus.Left = ball.Left;

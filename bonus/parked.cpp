@@ -1,12 +1,9 @@
 // Bonuses that stand at a free place of the field for a while and are collected by the ball.
-#include "bonus/draw.h"
 #include "core/game.h"
 
 namespace korvane {
 namespace {
 
-constexpr Sorteio kSorteio{
-    380, {{{25, 1}, {50, 2}, {80, 3}, {100, 4}, {120, 5}, {130, 6}}}, {131, 132, 133}, {170, 175, 180}};
 constexpr int kAteTirar = 10000;  // ms, also between draws
 constexpr int kDepoisDeTirar = 3000;
 constexpr int kTentativas = 3;
@@ -25,11 +22,9 @@ void game::TimerBonusParado_Timer() {
   }
   TimerBonusParado.Interval = kAteTirar;
   if (paused || BolaPresa) return;
-  const Integer sorteado = CodigoSorteado(kSorteio);
+  const int sorteado = CodigoSorteado(Sorteio::kParado);
   if (sorteado == kNenhum) return;
-  const int dois_sem_rigido = Module1.BolaAtual == 0 ? 1 : kNenhum;
-  const int dois_com_rigido = Module1.BolaAtual == 2 ? kNenhum : 2;
-  const Integer codigo = AplicaRegras(sorteado, TemRigido ? dois_com_rigido : dois_sem_rigido);
+  const int codigo = AplicaRegras(sorteado, Sorteio::kParado);
   if (codigo == kNenhum) return;
   BonusParado = codigo;
   if (codigo == BonusExcluido) return;

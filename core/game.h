@@ -4,14 +4,12 @@
 #include <string>
 #include <string_view>
 
+#include "bonus/tabela.h"
 #include "core/programa.h"
 #include "stage/control_array.h"
 #include "stage/glide.h"
 
 namespace korvane {
-
-/// The weights of a draw of bonuses.
-struct Sorteio;
 
 /// Controls on the form are placed in form units, 0.99375 twips across and 0.9 twips down; the screen and the
 /// form itself are in twips. The procedures mix the two by number.
@@ -167,6 +165,8 @@ class game : public stage::Form {
   void sound(std::string_view swave);
 
  private:
+  friend struct TabelaBonus;
+
   // Start-up, in this order.
   void DispoeBarra();
   void DispoeVidas();
@@ -214,8 +214,8 @@ class game : public stage::Form {
   void PerdeVida();
   void MudaTamanho(Integer tamanho);
   void GanhaFase();
-  Integer CodigoSorteado(const Sorteio& sorteio);
-  Integer AplicaRegras(Integer codigo, Integer dois) const;
+  int CodigoSorteado(Sorteio sorteio);
+  int AplicaRegras(int codigo, Sorteio sorteio) const;
   void SoltaBonus();
   bool ProcuraLugar(const stage::Image& fecho, Double& y, Single& x);
   bool LugarLivre(const stage::Image& fecho, Double y, Single x, Long fase);

@@ -1,7 +1,6 @@
 #include "screens/FrmHelp.h"
 
-#include <array>
-
+#include "bonus/tabela.h"
 #include "stage/events.h"
 
 namespace korvane {
@@ -9,38 +8,19 @@ namespace {
 
 using namespace stage::key;
 
-/// One line of the legend. The picture is named by the bonus's code, the text by its row.
-struct Linha {
-  int codigo;
-  Double topo_imagem;
-  Double topo_texto;
-  Double largura;
-  const char* texto;
-};
-
-constexpr std::array<Linha, 8> kLegenda{
-    {{1, 840, 1080, 1575, "Atravessa blocos"},
-     {2, 1440, 1680, 3060, "Atrevessa inclusive blocos rígidos"},
-     {4, 2280, 2400, 2595, "Aumenta o tamanho da barra"},
-     {5, 2880, 3120, 2535, "Diminue o tamanho da barra"},
-     {6, 3720, 3960, 5295, "A esfera torna-se magnetica com relação a barra receptora"},
-     {7, 4440, 4680, 5475, "Passa para a próxima tela, adquirindo os pontos da tela atual"},
-     {3, 5280, 5520, 1425, "Perde uma vida"},
-     {8, 5880, 6120, 1470, "Ganha uma vida"}}};
-
 void DesenhaImagens(stage::ControlArray<stage::Image>& array, stage::Stage& palco) {
-  for (const Linha& linha : kLegenda) {
-    array.Design(linha.codigo, stage::Design{240, linha.topo_imagem, 615, 585},
-                 palco.Pictures.Named("ImagePower", linha.codigo), false);
+  for (const Bonus& bonus : TabelaBonus::kTodos) {
+    array.Design(bonus.codigo, stage::Design{240, bonus.legenda.topo_imagem, 615, 585},
+                 palco.Pictures.Named("ImagePower", bonus.codigo), false);
   }
 }
 
 void DesenhaTextos(stage::ControlArray<stage::Label>& array) {
   const stage::Style estilo{{"MS Sans Serif", 9.75F, false}, stage::Rgb(128, 255, 255), {}, true};
-  int linha_atual = 0;
-  for (const Linha& linha : kLegenda) {
-    array.Design(++linha_atual, stage::Design{960, linha.topo_texto, linha.largura, 240}, estilo,
-                 linha.texto);
+  for (const Bonus& bonus : TabelaBonus::kTodos) {
+    const Legenda& legenda = bonus.legenda;
+    array.Design(legenda.linha, stage::Design{960, legenda.topo_texto, legenda.largura, 240}, estilo,
+                 legenda.texto);
   }
 }
 

@@ -90,16 +90,14 @@ void Bot::Wander() {
 }
 
 void Bot::LookAtBonus(game& jogo) {
-  constexpr int kLostLife = 3;
   if (jogo.BonusCaindo != falling_ && jogo.BonusCaindo > 0) {
-    wanted_ = Chance(jogo.BonusCaindo == kLostLife ? 0.1 : 0.8);
+    wanted_ = Chance(jogo.BonusCaindo == korvane::kTiraVida ? 0.1 : 0.8);
   }
   falling_ = jogo.BonusCaindo;
-  constexpr int kNextLevel = 7;
   if (!stays_in_level) return;
   // The paddle cannot always keep clear of it, and the ball hits what stands in its way.
-  if (jogo.BonusCaindo == kNextLevel) jogo.BonusCaindo = -1;
-  if (jogo.BonusParado == kNextLevel) jogo.BonusParado = 0;
+  if (jogo.BonusCaindo == korvane::kPassaFase) jogo.BonusCaindo = -1;
+  if (jogo.BonusParado == korvane::kPassaFase) jogo.BonusParado = 0;
 }
 
 void Bot::Play(game& jogo) {

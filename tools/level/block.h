@@ -1,7 +1,7 @@
 // A block of a level, in design units.
 #pragma once
 
-#include "bonus/draw.h"
+#include "bonus/tabela.h"
 #include "core/Module1.h"
 
 namespace level {
@@ -13,7 +13,7 @@ inline constexpr int kLastType = korvane::kRevelado;
 /// TipoBox has no use for index 0 and one more for the carrier of the parked bonus.
 inline constexpr int kMostBlocks = decltype(korvane::Module1::TipoBox)::kCount - 2;
 
-inline constexpr int kLastBonus = 8;
+inline constexpr int kLastBonus = korvane::TabelaBonus::kQuantos;
 inline constexpr int kAllBonuses = korvane::kTodosBarrados;
 
 struct Block {
