@@ -21,7 +21,7 @@ class Artist {
   Artist& operator=(const Artist&) = delete;
   virtual ~Artist() = default;
 
-  /// The picture stretched to `size`. What cannot be drawn is black.
+  /// A drawing whose own size is `size`. What cannot be drawn is black.
   virtual Bitmap Draw(std::string_view svg, PixelSize size) = 0;
   /// One line of UTF-8 text. Empty text, and text that cannot be drawn, covers nothing.
   virtual Coverage Write(const Face& face, std::string_view text) = 0;

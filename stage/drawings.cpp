@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "stage/shaped_drawing.h"
+
 namespace stage {
 namespace {
 
@@ -23,7 +25,7 @@ std::string_view FileName(const Font& font) {
 std::shared_ptr<const Bitmap> Drawings::Of(const Picture& picture, PixelSize size) {
   size = {std::clamp(size.width, 1, kLargestDrawing), std::clamp(size.height, 1, kLargestDrawing)};
   if (const auto found = pictures_.find({&picture, size}); found != pictures_.end()) return found->second;
-  auto drawn = std::make_shared<const Bitmap>(artist_.Draw(picture.svg, size));
+  auto drawn = std::make_shared<const Bitmap>(artist_.Draw(DrawingFor(picture, size), size));
   picture_pixels_ += drawn->pixels.size();
   if (picture_pixels_ > kMostPicturePixels) {
     pictures_.clear();

@@ -3,20 +3,17 @@
 #include <charconv>
 #include <string>
 
+#include "stage/shaped_drawing.h"
+
 namespace stage {
 namespace {
 
 constexpr std::string_view kRootTag = "<svg ";
 
-int AttributeOf(std::string_view tag, std::string_view name) {
-  const std::string start = " " + std::string(name) + "=\"";
-  const std::size_t place = tag.find(start);
-  int value = 0;
-  if (place != std::string_view::npos) {
-    const std::string_view number = tag.substr(place + start.size());
-    std::from_chars(number.data(), number.data() + number.size(), value);
-  }
-  return value;
+int NumberIn(std::string_view text) {
+  int number = 0;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  return number;
 }
 
 }  // namespace
@@ -25,7 +22,8 @@ PictureStore::PictureStore(std::span<const Asset> assets) {
   for (const Asset& asset : assets) {
     if (!asset.bytes.starts_with(kRootTag)) continue;
     const std::string_view root = asset.bytes.substr(0, asset.bytes.find('>'));
-    pictures_.push_back({asset.name, asset.bytes, {AttributeOf(root, "width"), AttributeOf(root, "height")}});
+    const PixelSize natural{NumberIn(AttributeOf(root, "width")), NumberIn(AttributeOf(root, "height"))};
+    pictures_.push_back({asset.name, asset.bytes, natural});
   }
 }
 

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "assets/assets.h"
+#include "stage/shaped_drawing.h"
 #include "stage/stage.h"
 
 namespace tests {
@@ -49,8 +50,9 @@ class Sight {
   }
   void Show(std::string_view picture, const stage::TwipRect& rect) {
     const stage::PixelRect place = Pixels(rect);
+    const stage::PixelSize size{place.Width(), place.Height()};
     const stage::Bitmap drawn =
-        stage_.Machine().Drawing().Draw(stage_.Pictures.Named(picture)->svg, {place.Width(), place.Height()});
+        stage_.Machine().Drawing().Draw(DrawingFor(*stage_.Pictures.Named(picture), size), size);
     Each(place, [&](int x, int y, stage::Pixel& pixel) { pixel = drawn.At(x, y); });
   }
   void Write(const std::string& text, const Words& words, const stage::TwipRect& rect) {

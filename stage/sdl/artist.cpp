@@ -16,16 +16,6 @@ struct FreeSurface {
 };
 using Surface = std::unique_ptr<SDL_Surface, FreeSurface>;
 
-/// The drawing with a root that stretches it to `size`, whatever its shape.
-std::string Stretched(std::string_view svg, PixelSize size) {
-  const std::size_t view = svg.find("viewBox=");
-  const std::size_t end = svg.find('>');
-  if (view == std::string_view::npos || end == std::string_view::npos || view > end) return std::string(svg);
-  return R"(<svg xmlns="http://www.w3.org/2000/svg" preserveAspectRatio="none" width=")" +
-         std::to_string(size.width) + R"(" height=")" + std::to_string(size.height) + "\" " +
-         std::string(svg.substr(view));
-}
-
 /// A pixel with its alpha in the high byte, laid on black.
 Pixel OnBlack(Uint32 pixel) {
   const Uint32 alpha = pixel >> 24;
@@ -81,8 +71,7 @@ Artist::~Artist() = default;
 
 Bitmap Artist::Draw(std::string_view svg, PixelSize size) {
   Bitmap bitmap{size, std::vector<Pixel>(std::size_t(size.width) * std::size_t(size.height), 0)};
-  const std::string text = Stretched(svg, size);
-  SDL_RWops* const source = SDL_RWFromConstMem(text.data(), static_cast<int>(text.size()));
+  SDL_RWops* const source = SDL_RWFromConstMem(svg.data(), static_cast<int>(svg.size()));
   const Surface drawn(IMG_LoadTyped_RW(source, 1, "SVG"));
   if (!drawn) return bitmap;
   const Surface plain(SDL_ConvertSurfaceFormat(drawn.get(), SDL_PIXELFORMAT_ARGB8888, 0));

@@ -2,19 +2,22 @@
 // told apart.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <map>
+#include <utility>
 
 #include "assets/assets.h"
 #include "stage/sdl/artist.h"
+#include "stage/shaped_drawing.h"
 
 namespace {
 
 using namespace stage;
 
 struct Pictures : testing::Test {
+  Bitmap DrawnAt(PictureRef picture, PixelSize size) { return artist.Draw(DrawingFor(*picture, size), size); }
   Bitmap Drawn(PictureRef picture, double scale = 1) {
-    return artist.Draw(picture->svg,
-                       {int(picture->natural.width * scale), int(picture->natural.height * scale)});
+    return DrawnAt(picture, {int(picture->natural.width * scale), int(picture->natural.height * scale)});
   }
   sdl::Artist artist;
   PictureStore store{korvane::Assets()};
@@ -109,7 +112,7 @@ TEST_F(Pictures, OfBlocksShowTheirFaceAndAreToldApart) {
       EXPECT_LT(MeanLight(block, 2, h - 2, w - 2, h), inner) << type;
       EXPECT_LT(MeanLight(block, w - 2, 2, w, h - 2), inner) << type;
     }
-    blocks.emplace(type, artist.Draw(store.Named("ImagePedra", type)->svg, {31, 15}));
+    blocks.emplace(type, DrawnAt(store.Named("ImagePedra", type), {31, 15}));
   }
   for (const auto& [a, one] : blocks) {
     for (const auto& [b, other] : blocks) {
@@ -119,6 +122,128 @@ TEST_F(Pictures, OfBlocksShowTheirFaceAndAreToldApart) {
         if (Distance(one.pixels[i], other.pixels[i]) > 24) ++unlike;
       }
       EXPECT_GT(unlike, one.pixels.size() / 5) << a << " and " << b;
+    }
+  }
+}
+
+/// Pixels of a display of so many lines, four times as wide as three times high or wider, that a block
+/// covers.
+struct Display {
+  double scale;
+  double widening;
+};
+constexpr Display kDisplays[] = {{1, 1}, {1.8, 4.0 / 3}, {3.6, 4.0 / 3}};
+
+/// `block` is in units of a level file.
+PixelSize SizeOn(const Display& display, PixelSize block) {
+  return {int(std::lround(block.width * display.widening * 0.99375 / 15 * display.scale)),
+          int(std::lround(block.height * 0.9 / 15 * display.scale))};
+}
+
+enum class Side { kLeft, kTop, kRight, kBottom };
+
+/// How thick the two bands of an edge are together, at most of the places along it.
+int EdgeOf(const Bitmap& block, Side side) {
+  const auto [width, height] = block.size;
+  const bool upright = side == Side::kLeft || side == Side::kRight;
+  const auto pixel = [&](int along, int in) {
+    if (side == Side::kRight) in = width - 1 - in;
+    if (side == Side::kBottom) in = height - 1 - in;
+    return upright ? block.At(in, along) : block.At(along, in);
+  };
+  const int length = upright ? height : width;
+  std::map<int, int> found;
+  for (int along = length / 4; along < length - length / 4; ++along) {
+    int in = 0;
+    for (int band = 0; band < 2; ++band) {
+      const Pixel colour = pixel(along, in);
+      while (in < (upright ? width : height) / 2 && pixel(along, in) == colour) ++in;
+    }
+    ++found[in];
+  }
+  return std::ranges::max_element(found, {}, [](const auto& entry) { return entry.second; })->first;
+}
+
+TEST_F(Pictures, OfBlocksHaveEqualEdgesInEveryShape) {
+  for (int type = 1; type <= 22; ++type) {
+    if (type == 21) continue;
+    const PictureRef picture = store.Named("ImagePedra", type);
+    for (const Display& display : kDisplays) {
+      for (const int width : {300, 465, 900, 1780}) {
+        for (const int height : {225, 250, 330, 600}) {
+          const PixelSize size = SizeOn(display, {width, height});
+          const Bitmap block = DrawnAt(picture, size);
+          const double unit = double(std::min(size.width, size.height)) /
+                              std::min(picture->natural.width, picture->natural.height);
+          const double drawn = (type == 20 ? 3 : 2.5) * unit;
+          for (const Side side : {Side::kLeft, Side::kTop, Side::kRight, Side::kBottom}) {
+            ASSERT_NEAR(EdgeOf(block, side), drawn, 0.6)
+                << "type " << type << ", " << size.width << " x " << size.height << ", side " << int(side);
+          }
+        }
+      }
+    }
+  }
+}
+
+/// Where stretches of dark pixels begin and how long they are, in one row between the edges.
+std::map<int, int> DarkStretches(const Bitmap& block, int y, int darkest_light) {
+  std::map<int, int> stretches;
+  const int edge = block.size.height / 6;
+  int begin = -1;
+  for (int x = edge; x < block.size.width - edge; ++x) {
+    const bool dark = Light(block.At(x, y)) < darkest_light;
+    if (dark && begin < 0) begin = x;
+    if (!dark && begin >= 0) stretches[std::exchange(begin, -1)] = x - begin;
+  }
+  if (!stretches.empty() && stretches.begin()->first == edge) stretches.erase(stretches.begin());
+  return stretches;
+}
+
+TEST_F(Pictures, OfStripedBlocksKeepTheirStripes) {
+  const std::map<int, double> stripes{{16, 7.5}, {19, 3}};  // their width as drawn, on a block 20 high
+  for (const auto& [type, drawn] : stripes) {
+    const int threshold = type == 16 ? 460 : 400;
+    for (const Display& display : {kDisplays[1], kDisplays[2]}) {
+      for (const int width : {300, 465, 900, 1780}) {
+        const PixelSize size = SizeOn(display, {width, 250});
+        const Bitmap block = DrawnAt(store.Named("ImagePedra", type), size);
+        const auto middle = DarkStretches(block, size.height / 2, threshold);
+        ASSERT_GE(int(middle.size()), std::max(1, size.width / size.height - 1)) << type << ": " << width;
+        for (const auto& [begin, length] : middle) {
+          EXPECT_NEAR(length, drawn * size.height / 20, 1.6) << type << ": " << width << " at " << begin;
+        }
+        const int rows = size.height / 6;
+        const int slant = type == 16 ? rows : 0;
+        const auto above = DarkStretches(block, size.height / 2 - rows, threshold);
+        const int begin = middle.rbegin()->first;
+        const bool goes_on = std::ranges::any_of(
+            above, [&](const auto& stretch) { return std::abs(stretch.first - begin - slant) <= 1; });
+        EXPECT_TRUE(goes_on || begin + slant > size.width - size.height / 2) << type << ": " << width;
+      }
+    }
+  }
+}
+
+TEST_F(Pictures, OfThePaddleHaveFourEqualCornersAtEveryWidth) {
+  constexpr int kFaint = 3 * 0x18;
+  for (const double scale : {1.0, 1.28, 1.8, 2.4, 3.6}) {
+    const auto length = [&](double twips) { return int(std::lround(twips / 15 * scale)); };
+    for (const int width : {687, 981, 1962, 1308, 118 * 15}) {
+      const int height = width == 118 * 15 ? 23 * 15 : 283;
+      const Bitmap paddle = DrawnAt(store.Named("barra"), {length(width), length(height)});
+      const auto [right, bottom] = PixelSize{paddle.size.width - 1, paddle.size.height - 1};
+      int lowest = bottom;
+      while (lowest > 0 && paddle.At(bottom / 2, lowest) == 0) --lowest;
+      for (int y = 0; y <= lowest; ++y) {
+        for (int x = 0; x <= right; ++x) {
+          ASSERT_LE(Distance(paddle.At(x, y), paddle.At(right - x, y)), 12)
+              << x << ", " << y << " of " << width << " at " << scale;
+          if (Light(paddle.At(x, y)) > kFaint) {
+            ASSERT_NE(paddle.At(x, lowest - y), 0U) << x << ", " << y << " of " << width << " at " << scale;
+          }
+        }
+      }
     }
   }
 }
