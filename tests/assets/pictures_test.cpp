@@ -86,6 +86,25 @@ TEST_F(Pictures, OfThePauseSignAreHalfOutside) {
   EXPECT_EQ(*std::ranges::max_element(sign.pixels, {}, Light), 0xFFFFBFU);
 }
 
+TEST_F(Pictures, OfThePauseSignAreOutlinedDarkOnEverySide) {
+  constexpr int kDark = 3 * 0x60;
+  for (const double scale : {1.0, 1.8, 3.6}) {
+    const Bitmap sign = Drawn(store.Named("pausa"), scale);
+    int core = 0;
+    for (int y = 1; y < sign.size.height - 1; ++y) {
+      for (int x = 1; x < sign.size.width - 1; ++x) {
+        if (Light(sign.At(x, y)) < kDark) continue;
+        core += Distance(sign.At(x, y), 0xFFFFBF) < 16 ? 1 : 0;
+        for (const Pixel beside :
+             {sign.At(x - 1, y), sign.At(x + 1, y), sign.At(x, y - 1), sign.At(x, y + 1)}) {
+          ASSERT_NE(beside, 0U) << x << ", " << y << " at scale " << scale;
+        }
+      }
+    }
+    EXPECT_GT(core, int(sign.pixels.size()) / 5) << scale;
+  }
+}
+
 TEST_F(Pictures, OfPlatesAreFlatAndBevelled) {
   for (int code = 1; code <= 8; ++code) {
     EXPECT_LE(Distance(MostCommon(Drawn(store.Named("ImagePower", code))), 0x506790), 3) << code;
