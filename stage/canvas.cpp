@@ -1,22 +1,20 @@
 #include "stage/canvas.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 
 namespace stage {
 namespace {
 
-constexpr Pixel kWhole = 256;
-
-/// `part` of 256 of `over`, the rest of `under`.
-Pixel Mix(Pixel under, Pixel over, Pixel part) {
-  constexpr Pixel kRedAndBlue = 0xFF00FF;
-  constexpr Pixel kGreen = 0x00FF00;
-  const auto mixed = [=](Pixel colours) {
-    return ((under & colours) * (kWhole - part) + (over & colours) * part) / kWhole & colours;
-  };
-  return mixed(kRedAndBlue) | mixed(kGreen);
+/// The lighter of two, in each colour.
+Pixel Lighter(Pixel a, Pixel b) {
+  const auto lighter = [=](Pixel colour) { return std::max(a & colour, b & colour); };
+  return lighter(0xFF0000) | lighter(0x00FF00) | lighter(0x0000FF);
 }
+
+/// Where a pixel lies in something `shown` pixels long that was drawn `drawn` pixels long.
+int Drawn(int offset, int drawn, int shown) { return static_cast<int>(std::int64_t(offset) * drawn / shown); }
 
 /// How one line of a picture, that lies `offset` of 256 beside the pixels, meets the pixel `place`.
 struct Meeting {
@@ -36,6 +34,15 @@ Meeting Meet(int place, int length, Pixel offset) {
 Pixel PixelOf(Long colour) {
   const auto value = static_cast<std::uint32_t>(std::int64_t(colour));
   return (value & 255U) << 16 | (value & 0xFF00U) | ((value >> 16) & 255U);
+}
+
+Pixel Mix(Pixel under, Pixel over, Pixel part) {
+  constexpr Pixel kRedAndBlue = 0xFF00FF;
+  constexpr Pixel kGreen = 0x00FF00;
+  const auto mixed = [=](Pixel colours) {
+    return ((under & colours) * (kWhole - part) + (over & colours) * part) / kWhole & colours;
+  };
+  return mixed(kRedAndBlue) | mixed(kGreen);
 }
 
 Canvas Canvas::Within(const TwipRect& area) const { return WithinPixels(viewport_.ToPixels(area)); }
@@ -63,13 +70,13 @@ void Canvas::Frame(const TwipRect& rect, Pixel colour) const {
   FillPixels({outer.right - line, outer.top, outer.right, outer.bottom}, colour);
 }
 
-void Canvas::Draw(const TwipRect& rect, const Picture& picture, PixelSize size) const {
+void Canvas::Draw(const TwipRect& rect, const Picture& picture, PixelSize size, Pixel opacity) const {
   const PixelRect place = viewport_.ToPixels(rect);
   const PixelRect whole{place.left, place.top, place.left + size.width, place.top + size.height};
   const PixelRect part = place.Cut(whole).Cut(clip_);
   if (part.Empty()) return;
   const auto bitmap = drawings_.Of(picture, size);
-  if (bitmap->size == size) {
+  if (bitmap->size == size && opacity == kWhole) {
     for (int y = part.top; y < part.bottom; ++y) {
       std::memcpy(target_.Row(y) + part.left,
                   &bitmap->pixels[bitmap->Index(part.left - whole.left, y - whole.top)],
@@ -77,18 +84,17 @@ void Canvas::Draw(const TwipRect& rect, const Picture& picture, PixelSize size) 
     }
     return;
   }
-  const auto from = [](int offset, int drawn, int shown) {
-    return static_cast<int>(std::int64_t(offset) * drawn / shown);
-  };
   for (int y = part.top; y < part.bottom; ++y) {
+    Pixel* const row = target_.Row(y);
+    const int from_y = Drawn(y - whole.top, bitmap->size.height, size.height);
     for (int x = part.left; x < part.right; ++x) {
-      target_.Row(y)[x] = bitmap->At(from(x - whole.left, bitmap->size.width, size.width),
-                                     from(y - whole.top, bitmap->size.height, size.height));
+      row[x] =
+          Mix(row[x], bitmap->At(Drawn(x - whole.left, bitmap->size.width, size.width), from_y), opacity);
     }
   }
 }
 
-void Canvas::DrawBetween(TwipPoint corner, const Picture& picture, PixelSize size) const {
+void Canvas::DrawBetween(TwipPoint corner, const Picture& picture, PixelSize size, Pixel opacity) const {
   const PixelRect place = viewport_.ToPixelsAround(corner, size);
   const PixelRect part = place.Cut(clip_);
   const auto bitmap = drawings_.Of(picture, size);
@@ -105,7 +111,42 @@ void Canvas::DrawBetween(TwipPoint corner, const Picture& picture, PixelSize siz
       const Meeting across = Meet(x - place.left, size.width, offset_x);
       const Pixel colour = Mix(Mix(upper[across.before], lower[across.before], down.weight),
                                Mix(upper[across.after], lower[across.after], down.weight), across.weight);
-      row[x] = Mix(row[x], colour, across.covered * down.covered / kWhole);
+      row[x] = Mix(row[x], colour, across.covered * down.covered / kWhole * opacity / kWhole);
+    }
+  }
+}
+
+void Canvas::Paint(const Light& light) const {
+  const PixelRect part = light.place.Cut(clip_);
+  for (int y = part.top; y < part.bottom; ++y) {
+    Pixel* const row = target_.Row(y);
+    if (!light.band) {
+      for (int x = part.left; x < part.right; ++x) row[x] = Mix(row[x], light.colour, light.part);
+      continue;
+    }
+    const int middle = light.band->middle - y;
+    const int half = light.band->half;
+    const int end = std::min(part.right, middle + half);
+    for (int x = std::max(part.left, middle - half); x < end; ++x) {
+      const auto left = static_cast<Pixel>(half - std::abs(x - middle));
+      row[x] = Mix(row[x], light.colour, light.part * left / static_cast<Pixel>(half));
+    }
+  }
+}
+
+void Canvas::Paint(const Ghost& ghost) const {
+  const PixelRect part = ghost.place.Cut(ghost.within).Cut(clip_);
+  if (part.Empty() || ghost.picture == nullptr) return;
+  const auto bitmap = drawings_.Of(*ghost.picture, ghost.drawn);
+  for (int y = part.top; y < part.bottom; ++y) {
+    Pixel* const row = target_.Row(y);
+    const int from_y = Drawn(y - ghost.place.top, bitmap->size.height, ghost.place.Height());
+    for (int x = part.left; x < part.right; ++x) {
+      const Pixel pixel =
+          bitmap->At(Drawn(x - ghost.place.left, bitmap->size.width, ghost.place.Width()), from_y);
+      if (pixel == 0) continue;
+      const Pixel mixed = Mix(row[x], ghost.colour.value_or(pixel), ghost.part);
+      row[x] = ghost.colour ? mixed : Lighter(row[x], mixed);
     }
   }
 }

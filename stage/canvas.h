@@ -1,6 +1,7 @@
 // Painting into the part of a framebuffer that has changed.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "stage/drawings.h"
@@ -10,6 +11,36 @@ namespace stage {
 /// Colours with red in the low byte, then green, then blue, as programs of forms write them.
 constexpr Long Rgb(int red, int green, int blue) { return red + green * 256 + blue * 65536; }
 Pixel PixelOf(Long colour);
+
+/// All of something that is measured in parts of 256.
+inline constexpr Pixel kWhole = 256;
+/// `part` of 256 of `over`, the rest of `under`.
+Pixel Mix(Pixel under, Pixel over, Pixel part);
+
+/// Light on a rectangle of display pixels; with a band it falls off to both sides of a slanting line.
+struct Light {
+  struct Band {
+    int middle = 0;  // x + y of the line's pixels
+    int half = 1;    // how far from there the last light is
+    bool operator==(const Band&) const = default;
+  };
+  PixelRect place;
+  Pixel colour = 0;
+  Pixel part = kWhole;
+  std::optional<Band> band;
+  bool operator==(const Light&) const = default;
+};
+
+/// A picture that lets through what lies beneath; nothing of it is seen that would darken that.
+struct Ghost {
+  PixelRect place;   // display pixels that the picture fills
+  PixelRect within;  // those of them that are seen
+  PictureRef picture = nullptr;
+  PixelSize drawn;  // the size that it is drawn for, whatever it fills
+  Pixel part = kWhole;
+  std::optional<Pixel> colour;  // the shape of what is not pure black in this colour
+  bool operator==(const Ghost&) const = default;
+};
 
 /// A framebuffer with a clip. Places are in twips of the screen.
 class Canvas {
@@ -28,9 +59,11 @@ class Canvas {
   /// An outline inside `rect`, one line of the design resolution wide.
   void Frame(const TwipRect& rect, Pixel colour) const;
   /// The picture at `size` from the top left corner of `rect`; what stands out of `rect` is cut off.
-  void Draw(const TwipRect& rect, const Picture& picture, PixelSize size) const;
+  void Draw(const TwipRect& rect, const Picture& picture, PixelSize size, Pixel opacity = kWhole) const;
   /// The picture with its corner anywhere between pixels, each of which it covers in part.
-  void DrawBetween(TwipPoint corner, const Picture& picture, PixelSize size) const;
+  void DrawBetween(TwipPoint corner, const Picture& picture, PixelSize size, Pixel opacity = kWhole) const;
+  void Paint(const Light& light) const;
+  void Paint(const Ghost& ghost) const;
   void Write(const TwipRect& rect, const TextLine& line, const std::string& text, Pixel colour) const;
   /// In twips.
   Double TextWidth(const Font& font, std::string_view text) const;

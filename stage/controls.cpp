@@ -134,7 +134,13 @@ void Image::ShowAt(std::optional<Seen> seen) {
   Changing();
 }
 
-PixelSize Image::Size(const Viewport& viewport) const {
+void Image::ShowFaded(Pixel opacity) {
+  if (opacity == opacity_) return;
+  opacity_ = opacity;
+  Changing();
+}
+
+PixelSize Image::DrawnSize(const Viewport& viewport) const {
   const PictureRef picture = Picture;
   if (picture != nullptr && !Stretch) return viewport.NaturalSize(picture->natural);
   const TwipRect area = Area();
@@ -152,17 +158,18 @@ TwipRect Image::SeenArea() const {
 
 PixelRect Image::Pixels(const Viewport& viewport) const {
   const bool between = seen_ && seen_->between_pixels;
-  return between ? viewport.ToPixelsAround(seen_->corner, Size(viewport)) : viewport.ToPixels(SeenArea());
+  return between ? viewport.ToPixelsAround(seen_->corner, DrawnSize(viewport))
+                 : viewport.ToPixels(SeenArea());
 }
 
 void Image::Paint(const Canvas& canvas) const {
   const PictureRef picture = Picture;
   if (picture == nullptr) return;
-  const PixelSize size = Size(canvas.View());
+  const PixelSize size = DrawnSize(canvas.View());
   if (seen_ && seen_->between_pixels) {
-    canvas.DrawBetween(seen_->corner, *picture, size);
+    canvas.DrawBetween(seen_->corner, *picture, size, opacity_);
   } else {
-    canvas.Draw(SeenArea(), *picture, size);
+    canvas.Draw(SeenArea(), *picture, size, opacity_);
   }
 }
 

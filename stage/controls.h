@@ -148,13 +148,18 @@ class Image : public Control {
   };
   /// Paints the image there and not where it is, until told otherwise.
   void ShowAt(std::optional<Seen> seen);
+  /// Lets what lies beneath through, until told otherwise: this much of 256 is the image.
+  void ShowFaded(Pixel opacity);
+  /// Where it is seen, in twips of the screen.
+  TwipRect SeenArea() const;
+  /// Of the whole picture, in pixels of the display.
+  PixelSize DrawnSize(const Viewport& viewport) const;
 
  private:
   void TakeNaturalSize(const PictureRef& picture);
-  PixelSize Size(const Viewport& viewport) const;
-  TwipRect SeenArea() const;
 
   std::optional<Seen> seen_;
+  Pixel opacity_ = kWhole;
 
  public:
   Property<Flag, &Image::Changing, bool> Stretch;

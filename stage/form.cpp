@@ -76,6 +76,7 @@ void Form::Touch() { stage_.Touch(); }
 
 void Form::Forget(const Control& control) {
   if (focus_ == &control) focus_ = nullptr;
+  stage_.Effects().Forget(control);
   stage_.Damage(control.Painted());
 }
 

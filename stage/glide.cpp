@@ -8,8 +8,6 @@
 namespace stage {
 namespace {
 
-constexpr std::int64_t kSecond = std::chrono::microseconds(std::chrono::seconds(1)).count();
-
 Double Distance(TwipPoint a, TwipPoint b) { return std::hypot(a.x - b.x, a.y - b.y); }
 
 TwipPoint OnTheWay(TwipPoint from, TwipPoint to, Double part) {
@@ -67,25 +65,13 @@ void GlideSet::Beat() {
 }
 
 void GlideSet::Show() {
-  if (platform_.RefreshRate() == 0) return;
-  const Moment refresh = platform_.LastFrame().value_or(RefreshAt(LastRefresh()));
-  const Double since = Double((refresh - beat_).count()) / Double(kBeat.count());
+  if (refreshes_.None()) return;
+  const Double since = Double((refreshes_.Last() - beat_).count()) / Double(kBeat.count());
   for (Glide* glide : glides_) glide->Show(since);
 }
 
 Moment GlideSet::NextRefresh() const {
-  if (std::ranges::none_of(glides_, &Glide::UnderWay)) return Moment::max();
-  if (const auto told = platform_.LastFrame()) return *told + RefreshAt(5) / 4;  // at the latest
-  return RefreshAt(LastRefresh() + 1);
-}
-
-std::int64_t GlideSet::LastRefresh() const {
-  return platform_.Now().count() * platform_.RefreshRate() / kSecond;
-}
-
-Moment GlideSet::RefreshAt(std::int64_t number) const {
-  const int rate = platform_.RefreshRate();
-  return Moment((number * kSecond + rate - 1) / rate);
+  return std::ranges::any_of(glides_, &Glide::UnderWay) ? refreshes_.Next() : Moment::max();
 }
 
 }  // namespace stage

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "stage/controls.h"
-#include "stage/platform.h"
+#include "stage/refreshes.h"
 
 namespace stage {
 
@@ -46,11 +46,10 @@ class Glide {
   bool under_way_ = false;
 };
 
-/// All that glides on a stage, and the refreshes at which it is seen: those that the machine tells of, else
-/// those of a clock that goes at the display's rate.
+/// All that glides on a stage, seen at the display's refreshes.
 class GlideSet {
  public:
-  explicit GlideSet(Platform& platform) : platform_(platform) {}
+  explicit GlideSet(Platform& platform) : platform_(platform), refreshes_(platform) {}
 
   void Add(Glide& glide) { glides_.push_back(&glide); }
   void Remove(const Glide& glide) { std::erase(glides_, &glide); }
@@ -59,15 +58,12 @@ class GlideSet {
   void Beat();
   /// Shows everything as it is to be seen at the last refresh.
   void Show();
-  /// The next refresh if something glides as last shown, else a time that never comes. A machine that tells
-  /// of refreshes wakes the program earlier.
+  /// The next refresh if something glides as last shown, else a time that never comes.
   Moment NextRefresh() const;
 
  private:
-  std::int64_t LastRefresh() const;
-  Moment RefreshAt(std::int64_t number) const;
-
   Platform& platform_;
+  Refreshes refreshes_;
   std::vector<Glide*> glides_;
   Moment beat_{};
 };

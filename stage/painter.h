@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "stage/effects.h"
 #include "stage/form.h"
 #include "stage/platform.h"
 
@@ -19,7 +20,7 @@ class Painter {
       : platform_(platform), screen_(screen), drawings_(platform.Drawing(), assets) {}
 
   /// Paints what has changed since the last call and shows it.
-  void Paint(const FormList& forms);
+  void Paint(const FormList& forms, EffectSet& effects);
   /// What stood on these pixels is gone.
   void Damage(const PixelRect& pixels) { region_.Add(pixels); }
   /// Nothing of the last picture can be relied on.
@@ -29,7 +30,8 @@ class Painter {
   Drawings& Made() { return drawings_; }
 
  private:
-  void Compose(const Framebuffer& target, const PixelRect& rect, const FormList& forms);
+  void Compose(const Framebuffer& target, const PixelRect& rect, const FormList& forms,
+               const EffectSet& effects);
 
   Platform& platform_;
   ScreenSize screen_;

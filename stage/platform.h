@@ -44,6 +44,8 @@ class Platform {
   /// When the display last took a new picture; nothing if the machine does not tell. Taking one wakes whoever
   /// waits for input.
   virtual std::optional<Moment> LastFrame() = 0;
+  /// Whoever looks has asked the machine for as little movement as can be. Asked at every refresh.
+  virtual bool WantsStillness() { return false; }
   /// Shows these rectangles of the canvas.
   virtual void Present(std::span<const PixelRect> changed) = 0;
 

@@ -21,6 +21,8 @@ struct ScriptedSetup {
   std::filesystem::path installed{};
   /// How long after those of a clock the display's refreshes come, if it tells of them.
   std::optional<Moment> refresh_phase{};
+  /// Somebody looks who wants as little movement as can be.
+  bool stillness = false;
   /// Pixels of the display; with none given the screen fills it at that scale.
   PixelSize display{};
 };
@@ -63,6 +65,7 @@ class ScriptedPlatform : public Platform {
   std::optional<Framebuffer> Canvas() override;
   int RefreshRate() override { return setup_.refresh_rate; }
   std::optional<Moment> LastFrame() override;
+  bool WantsStillness() override { return setup_.stillness; }
   void Present(std::span<const PixelRect> changed) override;
   std::optional<Event> NextEvent() override;
   void Wait(Moment until, Wake wake) override;

@@ -37,7 +37,8 @@ void Stage::Wait() {
   if (!quitting_) {
     TellOfText();
     PaintNow();
-    platform_.Wait(std::min(timers_.NextBeat(), glides_.NextRefresh()), Wake::kOnInput);
+    platform_.Wait(std::min({timers_.NextBeat(), glides_.NextRefresh(), effects_.NextBeat()}),
+                   Wake::kOnInput);
   }
   DoEvents();
 }
@@ -55,6 +56,7 @@ void Stage::End() { throw ProgramEnd{}; }
 void Stage::Sleep(std::chrono::milliseconds time) { platform_.Wait(platform_.Now() + time, Wake::kOnTime); }
 
 void Stage::Show(const std::shared_ptr<Form>& form, Modality modality) {
+  effects_.Clear();
   std::erase(forms_, form);
   forms_.push_back(form);
   form->shown_ = true;
@@ -71,6 +73,7 @@ void Stage::Show(const std::shared_ptr<Form>& form, Modality modality) {
 
 void Stage::Unload(Form& form) {
   if (!form.loaded_) return;
+  effects_.Clear();
   form.Form_Unload();
   form.loaded_ = false;
   form.shown_ = false;
@@ -98,9 +101,10 @@ void Stage::Damage(const PixelRect& pixels) {
 
 void Stage::PaintNow() {
   glides_.Show();
+  effects_.Show();
   if (!touched_) return;
   touched_ = false;
-  painter_.Paint(forms_);
+  painter_.Paint(forms_, effects_);
 }
 
 void Stage::Repaint() {

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "stage/effects.h"
 #include "stage/glide.h"
 #include "stage/painter.h"
 #include "stage/random.h"
@@ -64,6 +65,7 @@ class Stage {
 
   TimerSet& Timers() { return timers_; }
   GlideSet& Glides() { return glides_; }
+  EffectSet& Effects() { return effects_; }
   Platform& Machine() { return platform_; }
   /// The folder of the program as the machine names it; a separator stands at its end only if it is the root.
   std::string AppPath() const;
@@ -108,6 +110,7 @@ class Stage {
   TimerSet timers_;
   GlideSet glides_;
   Painter painter_;
+  EffectSet effects_{*this};
   FormList forms_;
   std::vector<const Form*> modal_;  // those whose Show has not returned
   TwipPoint pointer_;

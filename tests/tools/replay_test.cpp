@@ -29,6 +29,7 @@ TEST(Replay, NamesTheLineThatCannotBeDone) {
       {"start\nset TipoBox(600) 1", "line 2: index out of bounds"},
       {"start\nset Timer2.Interval 70000", "line 2: interval out of range"},
       {"start\nbeats -1", "line 2: not a whole number in range: -1"},
+      {"refresh 501", "line 1: not a whole number in range: 501"},
       {"start\nbeat Nope", "line 2: no such timer: Nope"},
       {"start\nrnd 1", "line 2: a draw lies between 0 and 1"},
       {"start\nget Box(599)", "line 2: no such name: Box(599)"},

@@ -90,6 +90,9 @@ void Replay::Prepare(const Line& line) {
     constexpr Double kMostScale = 8;
     setup_.scale = Numbers(line.rest, 1, 1)[0];
     if (!(setup_.scale > 0 && setup_.scale <= kMostScale)) throw std::runtime_error("no such scale");
+  } else if (line.verb == "refresh") {
+    constexpr Double kMostRefreshes = 500;
+    setup_.refresh_rate = static_cast<int>(Whole(line.rest, kMostRefreshes));
   } else if (line.verb == "clock") {
     setup_.seconds_of_day = Numbers(line.rest, 1, 1)[0];
   } else if (line.verb == "folder") {

@@ -1,4 +1,5 @@
-// The real program played by a script, in virtual time and without a screen.
+// The real program played by a script, in virtual time and without a screen. Pictures show what stands; with
+// `refresh HZ` before `start` they show effects and what glides too, as a display of that rate would.
 #pragma once
 
 #include <deque>
