@@ -41,12 +41,15 @@ bool game::BateParede() {
   if (ball.Left > Single(direita)) {
     VelX = -VelX;
     ball.Left = Single(direita - 1);
+    RiscaParede("right");
   } else if (ball.Left < ball.Width) {
     VelX = -VelX;
     ball.Left = Single(ball.Width + 1);
+    RiscaParede("left");
   } else if (ball.Top < ball.Height) {
     VelY = -VelY;
     ball.Top = Single(ball.Height + 1);
+    RiscaParede("up");
   } else {
     return false;
   }
@@ -75,6 +78,7 @@ void game::RebateUser() {
 
 bool game::PerdeBola() {
   if (!(ball.Top > User.Top)) return false;
+  CaiBola();
   ball.Visible = false;
   ResumeNext([&] { Vidas = Vidas - 1; });
   sound("end.wav");
@@ -85,6 +89,7 @@ bool game::PerdeBola() {
     ResumeNext([&] { gameover(); });
     return true;
   }
+  DeixaUser();
   User.Left = Single(Palco.Screen.Width / 2.0 - User.Width / 2);
   MudaTamanho(2);
   RepoeBola();

@@ -16,6 +16,7 @@ void game::hos(std::string_view Side, Integer boxindex) {
   if (tipo == kFechamento) {
     Box(boxindex).Visible = false;
     InverteVelocidade(Side);
+    AcendeUser(BonusParado);
     consedebonus(BonusParado);
     return;
   }
@@ -25,10 +26,12 @@ void game::hos(std::string_view Side, Integer boxindex) {
   } else if (tipo == kInvisivel) {
     if (BolaAtual != 0) Module1.TipoBox(boxindex) = 1;
     Box(boxindex).Picture = ImagePedra(kRevelado).Picture;
+    RevelaBloco(boxindex);
     BatidasRigido = 0;
     sound("bloc2.wav");
   } else {
     Box(boxindex).Visible = false;
+    EstalaBloco(boxindex);
     BatidasRigido = 0;
     sound("bloc.wav");
   }
@@ -57,6 +60,7 @@ void game::PontuaBatida(Integer tipo) {
 void game::BateRigido(std::string_view Side, Integer boxindex) {
   if (Module1.BolaAtual == 2) Module1.TipoBox(boxindex) = 1;
   EncostaBola(Side, boxindex);
+  BrilhaRigido(boxindex);
   BatidasRigido = BatidasRigido + 1;
   if (BatidasRigido >= kBatidasAteAmolecer) {
     BatidasRigido = 0;
@@ -80,6 +84,7 @@ void game::AmoleceRigidos() {
     Module1.TipoBox(k) = kAmolecido;
     Box(k).Picture = ImagePedra(kAmolecido).Picture;
     Box(k).Visible = true;
+    AcendeAmolecido(k);
   }
 }
 

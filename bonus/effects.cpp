@@ -15,6 +15,7 @@ void game::TrocaBola(Integer codigo) {
 }
 
 void game::PerdeVida() {
+  if (!BolaPresa) CaiBola();
   ball.Visible = false;
   Vidas = Vidas - 1;
   sound("end.wav");

@@ -57,6 +57,8 @@ void game::TestaBonus() {
   if (!pegou) return;
   Imgbonus.Visible = false;
   Imgbonus.Refresh();
+  EngoleBonus();
+  AcendeUser(BonusCaindo);
   consedebonus(BonusCaindo);
   BonusCaindo = -1;
 }

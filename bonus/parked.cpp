@@ -42,6 +42,7 @@ void game::TimerBonusParado_Timer() {
   fecho.Top = Single(y);
   fecho.Left = x;
   fecho.Visible = true;
+  SurgeBonusParado();
   Module1.TipoBox(ProximoBox) = kFechamento;
 }
 

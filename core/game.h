@@ -97,6 +97,8 @@ class game : public stage::Form {
   Long FasesRetiradas;
   /// A level has been read in this run.
   Flag LeuFase;
+  /// A game has ended in this run.
+  Flag JogouUma;
 
   // Start and end.
 
@@ -201,6 +203,22 @@ class game : public stage::Form {
   void CriaFechamento();
   void ProximaFase();
   void TodosCompletados(Integer num);
+
+  // What the eye is shown.
+  void CuidaEfeitos();
+  void EstalaBloco(Integer boxindex);
+  void BrilhaRigido(Integer boxindex);
+  void RevelaBloco(Integer boxindex);
+  void AcendeAmolecido(Integer boxindex);
+  void RiscaParede(std::string_view Side);
+  void CaiBola();
+  void DeixaUser();
+  void ApagaVida(Integer k);
+  void AcendeVida(Integer k);
+  void EngoleBonus();
+  void AcendeUser(Integer codigo);
+  void SurgeBonusParado();
+  void SurgeFase();
 
   // Keys.
   void SaltaFase();

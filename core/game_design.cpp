@@ -63,6 +63,7 @@ game::game(Programa& dono)
       VooBola(ball, [this] { return BolaPresa ? std::optional(LugarPreso()) : std::nullopt; }),
       QuedaBonus(Imgbonus) {
   Imgbonus.Visible = false;
+  CuidaEfeitos();
 
   Timer_Move.Tick = [this] { Timer_Move_Timer(); };
   Timer_Move2.Tick = [this] { Timer_Move2_Timer(); };

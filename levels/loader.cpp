@@ -23,6 +23,7 @@ void game::loadup(Integer num) {
     try {
       CarregaFase(num);
       LeuFase = true;
+      SurgeFase();
       return;
     } catch (const RuntimeError&) {
       if (Serie == kUltimaSerie) break;

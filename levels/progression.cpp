@@ -4,6 +4,7 @@
 namespace korvane {
 
 void game::clearall() {
+  Palco.Effects().Clear();
   FasesRetiradas = FasesRetiradas + 1;
   for (Integer i = 1; i <= ProximoBox; i = i + 1) {
     ResumeNext([&] { Box.Unload(i); }, [&] { Module1.TipoBox(i) = 0; });

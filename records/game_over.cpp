@@ -6,6 +6,7 @@
 namespace korvane {
 
 void game::gameover() {
+  JogouUma = true;
   BolaPresa = true;
   paused = true;
   MostraCursor(Palco);

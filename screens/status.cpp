@@ -4,7 +4,13 @@
 namespace korvane {
 
 void game::ExibeVidas(Integer nvida) {
-  for (Integer k = 1; k <= 5; k = k + 1) life(k).Visible = nvida > k;
+  for (Integer k = 1; k <= 5; k = k + 1) {
+    const bool tinha = life(k).Visible;
+    const bool tem = nvida > k;
+    life(k).Visible = tem;
+    if (tinha && !tem) ApagaVida(k);
+    if (tem && !tinha) AcendeVida(k);
+  }
 }
 
 void game::ExibeBolaAtual() {

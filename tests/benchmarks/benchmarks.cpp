@@ -1,11 +1,14 @@
 // What a tick, a level and a picture cost, beside a plain loop that tells how fast the machine is.
 #include <benchmark/benchmark.h>
 
+#include "stage/looks.h"
 #include "tests/mesa.h"
 
 namespace {
 
 using namespace tests;
+namespace look = stage::look;
+using look::milliseconds;
 
 constexpr int kMostBlocks = 598;
 
@@ -124,6 +127,72 @@ void PaintGlidingBall(benchmark::State& state) {
   }
 }
 BENCHMARK(PaintGlidingBall)->Unit(benchmark::kMicrosecond);
+
+/// A refresh of an effect on a display of 60 Hz, which begins anew whenever it has ended.
+void PaintEffect(benchmark::State& state, stage::Effect (*effect)(game& jogo)) {
+  SeenMesa mesa(60);
+  mesa.Palco().Repaint();
+  game& jogo = mesa.Jogo();
+  jogo.paused = true;
+  stage::EffectSet& effects = mesa.Palco().Effects();
+  for (auto _ : state) {
+    if (effects.NextBeat() == stage::Moment::max()) effects.Begin(jogo.Imgbonus, effect(jogo));
+    mesa.platform->Pass(stage::Moment(16'667));
+    mesa.Palco().PaintNow();
+  }
+}
+BENCHMARK_CAPTURE(PaintEffect, , [](game& jogo) { return look::Burst(jogo.Box(300), {}); })
+    ->Name("PaintBurst")
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(PaintEffect, , [](game& jogo) { return look::Glint(jogo.Box(300)); })
+    ->Name("PaintGlint")
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(PaintEffect, , [](game& jogo) { return look::Shimmer(jogo.Box(300)); })
+    ->Name("PaintShimmer")
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(PaintEffect, ,
+                  [](game& jogo) { return look::Flash(jogo.Box(300), 0xFFD070, milliseconds(250)); })
+    ->Name("PaintFlash")
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(PaintEffect, ,
+                  [](game& jogo) { return look::Glow(jogo.Image1, 0xFFFFFF, milliseconds(250)); })
+    ->Name("PaintGlow")
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(PaintEffect, ,
+                  [](game& jogo) {
+                    return look::Ghostly(jogo.ball, milliseconds(300), {500, 700});
+                  })
+    ->Name("PaintGhost")
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(PaintEffect, , [](game& jogo) { return look::Collapse(jogo.ImagePower(1), jogo.Image1); })
+    ->Name("PaintCollapse")
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(PaintEffect, ,
+                  [](game&) {
+                    return look::Line({12000, 5000, 30, 900}, 0xC8D8F0);
+                  })
+    ->Name("PaintLine")
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(PaintEffect, , [](game& jogo) { return look::Chevrons(jogo.ball, {}); })
+    ->Name("PaintChevrons")
+    ->Unit(benchmark::kMicrosecond);
+
+/// A refresh of all blocks of a full level as they come into sight.
+void PaintRows(benchmark::State& state) {
+  SeenMesa mesa(60);
+  mesa.Palco().Repaint();
+  for (auto _ : state) {
+    if (mesa.Palco().Effects().NextBeat() == stage::Moment::max()) {
+      state.PauseTiming();
+      mesa.Jogo().clearall();
+      mesa.Jogo().loadup(1);
+      state.ResumeTiming();
+    }
+    mesa.platform->Pass(stage::Moment(16'667));
+    mesa.Palco().PaintNow();
+  }
+}
+BENCHMARK(PaintRows)->Unit(benchmark::kMicrosecond);
 
 /// The ball flies between the walls and a paddle as wide as the field; nobody looks.
 void MinuteOfPlay(benchmark::State& state) {
