@@ -51,6 +51,8 @@ class Film : public tools::SelfPlayer<Machine> {
     if (this->Flying() == nullptr) frames_.push_back({this->Now(), {}});
     return tools::SelfPlayer<Machine>::NextEvent();
   }
+  /// Nothing but the ball is bright.
+  bool WantsStillness() override { return true; }
   const std::vector<Frame>& Frames() const { return frames_; }
 
  private:
