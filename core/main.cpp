@@ -1,8 +1,10 @@
 // The game on the machine at hand.
-#include <iostream>
+#include <exception>
+#include <string>
 
 #include "assets/assets.h"
 #include "core/programa.h"
+#include "stage/machine.h"
 #include "stage/sdl/sdl_platform.h"
 
 int main() {
@@ -12,7 +14,7 @@ int main() {
     programa.Corre();
     return 0;
   } catch (const std::exception& error) {
-    std::cerr << "korvane: " << error.what() << '\n';
+    stage::machine::TellTheEnd(std::string("korvane: ") + error.what());
     return 1;
   }
 }

@@ -3,6 +3,7 @@
 
 #include "core/game.h"
 #include "levels/level_file.h"
+#include "stage/path_text.h"
 
 namespace korvane {
 namespace {
@@ -82,7 +83,7 @@ void game::CriaFechamento() {
 void game::TodosCompletados(Integer num) {
   Palco.MsgBox("Todos os niveis completados");
   if (LeuFase) return;
-  std::cerr << "korvane: cannot read " << Arquivo(Caminho, num).string() << '\n';
+  std::cerr << "korvane: cannot read " << stage::TextOf(Arquivo(Caminho, num)) << '\n';
   stage::Stage::End();
 }
 

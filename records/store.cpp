@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "records/codepage.h"
+#include "stage/path_text.h"
 #include "stage/text_file.h"
 
 namespace korvane {
@@ -78,7 +79,7 @@ bool Grava(const std::filesystem::path& arquivo, std::string_view bytes) {
     stage::WriteWhole(arquivo, bytes);
     return true;
   } catch (const RuntimeError&) {
-    std::cerr << "korvane: cannot write " << arquivo.string() << "; the records hold for this run only\n";
+    std::cerr << "korvane: cannot write " << stage::TextOf(arquivo) << "; the records hold for this run only\n";
     return false;
   }
 }
@@ -130,7 +131,7 @@ void GravaRecords(Module1& modulo) {
   try {
     falta = OQueFazFalta(arquivo, tabela);
   } catch (const RuntimeError&) {
-    std::cerr << "korvane: cannot read " << arquivo.string() << "; the records hold for this run only\n";
+    std::cerr << "korvane: cannot read " << stage::TextOf(arquivo) << "; the records hold for this run only\n";
     return;
   }
   if (falta.empty() || Grava(Arquivo(modulo, "kv_his.old"), falta)) Grava(arquivo, tabela);

@@ -2,6 +2,7 @@
 
 #include <iostream>
 
+#include "stage/path_text.h"
 #include "stage/profile.h"
 
 namespace korvane {
@@ -19,7 +20,7 @@ void GravaIni(std::string_view section, std::string_view key, std::string_view v
   } catch (const stage::RuntimeError&) {
     std::error_code error;
     if (!std::filesystem::exists(file.parent_path(), error)) return;
-    std::cerr << "korvane: cannot write " << file.string() << "; the speed holds for this run only\n";
+    std::cerr << "korvane: cannot write " << stage::TextOf(file) << "; the speed holds for this run only\n";
   }
 }
 

@@ -65,7 +65,7 @@ Place Find(std::string_view text, std::string_view section, std::string_view key
   return place;
 }
 
-std::string TextOf(const std::filesystem::path& file) {
+std::string Content(const std::filesystem::path& file) {
   std::error_code error;
   const bool missing = !std::filesystem::exists(file, error) && !error;
   return missing ? std::string() : ReadWhole(file, kMostBytes);
@@ -98,13 +98,13 @@ std::string GetPrivateProfileStringA(std::string_view section, std::string_view 
                                      std::string_view fallback, std::size_t size,
                                      const std::filesystem::path& file) {
   std::string text;
-  ResumeNext([&] { text = TextOf(file); });
+  ResumeNext([&] { text = Content(file); });
   return std::string(FindProfileValue(text, section, key).value_or(fallback).substr(0, size - 1));
 }
 
 void WritePrivateProfileStringA(std::string_view section, std::string_view key, std::string_view value,
                                 const std::filesystem::path& file) {
-  WriteWhole(file, WithProfileValue(TextOf(file), section, key, value));
+  WriteWhole(file, WithProfileValue(Content(file), section, key, value));
 }
 
 }  // namespace stage

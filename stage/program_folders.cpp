@@ -1,22 +1,14 @@
 #include "stage/program_folders.h"
 
-#include <sys/stat.h>
-
 #include <algorithm>
-#include <cstdlib>
 #include <vector>
+
+#include "stage/machine.h"
 
 namespace stage {
 namespace {
 
 using std::filesystem::path;
-
-/// The folder that a variable names. Relative ones would depend on where the program was started.
-path Named(const char* variable) {
-  const char* const value = std::getenv(variable);
-  const path folder = value == nullptr ? "" : value;
-  return folder.is_absolute() ? folder : path();
-}
 
 /// The names of the folders in a folder.
 std::vector<path> FoldersIn(const path& folder) {
@@ -35,18 +27,11 @@ void MakePrivate(const path& folder) {
   path made;
   for (const path& part : folder) {
     made /= part;
-    mkdir(made.c_str(), S_IRWXU);
+    machine::MakePrivateFolder(made);
   }
 }
 
 }  // namespace
-
-path DataHome() {
-  path data_home = Named("XDG_DATA_HOME");
-  if (!data_home.empty()) return data_home;
-  const path home = Named("HOME");
-  return home.empty() ? path() : home / ".local" / "share";
-}
 
 ProgramFolders FindProgramFolders(const path& program, const path& name, const path& data_home) {
   const path installed = (program / ".." / "share" / "games" / name).lexically_normal();
@@ -56,8 +41,7 @@ ProgramFolders FindProgramFolders(const path& program, const path& name, const p
     return std::filesystem::exists(program / folder, error);
   };
   if (names.empty() || std::ranges::any_of(names, lies_beside)) return {program, {}};
-  // Nothing can be kept in a folder of a device: no player's folder, no files.
-  const path own = (data_home.empty() ? "/dev/null" : data_home) / name;
+  const path own = (data_home.empty() ? machine::Nowhere() : data_home) / name;
   for (const path& folder : names) MakePrivate(own / folder);
   return {own, installed};
 }

@@ -12,9 +12,6 @@ struct ProgramFolders {
   std::filesystem::path installed;
 };
 
-/// The folder that holds what a user's programs keep, as the environment names it; empty if it names none.
-std::filesystem::path DataHome();
-
 /// A program in `PREFIX/games` or the like, without its files beside it, was installed for all users if
 /// `PREFIX/share/games/NAME` is there. It has a folder NAME of its player's own in `data_home`, which is made
 /// here with the same folders in it. Any other program lies in its own folder.

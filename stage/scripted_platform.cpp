@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "stage/path_text.h"
+
 namespace stage {
 namespace {
 
@@ -105,7 +107,7 @@ void ScriptedPlatform::MovePointer(PixelPoint place) {
 
 void ScriptedPlatform::PlaySound(const std::filesystem::path& file) {
   if (sounds_.size() > kMostRemembered) sounds_.clear();
-  sounds_.push_back(file.filename().string());
+  sounds_.push_back(TextOf(file.filename()));
 }
 
 }  // namespace stage

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "stage/dialogs.h"
+#include "stage/path_text.h"
 #include "stage/text_file.h"
 
 namespace stage {
@@ -118,9 +119,8 @@ std::shared_ptr<const Bitmap> Stage::BitmapOf(const Picture& picture) {
 }
 
 std::string Stage::AppPath() const {
-  std::string path = platform_.Folders().own.string();
-  if (path.size() > 1 && path.ends_with('/')) path.pop_back();
-  return path;
+  const std::filesystem::path own = platform_.Folders().own;
+  return TextOf(own.has_filename() ? own : own.parent_path());
 }
 
 Long Stage::ShowCursor(bool shown) {

@@ -17,6 +17,9 @@ using namespace korvane;
 using tools::ReadFile;
 using tools::WriteFile;
 
+/// A folder name that no one code page of old can hold.
+inline constexpr const char* kAnyLetters = "José 日本";
+
 /// One normal block far from the ball's way, no bonuses.
 inline constexpr const char* kQuietLevel = "pisca,0,500,10,0\r\n600,11000,250,480,5\r\n";
 
@@ -69,7 +72,7 @@ class Mesa {
     }
   }
 
-  tools::TempFolder folder;
+  tools::TempFolder folder{kAnyLetters};
   stage::sdl::Artist artist;
   std::optional<stage::ScriptedPlatform> platform;
   std::optional<Programa> programa;

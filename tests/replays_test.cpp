@@ -6,6 +6,8 @@
 
 #include <sstream>
 
+#include "stage/machine.h"
+#include "stage/path_text.h"
 #include "tests/mesa.h"
 #include "tools/replay/replay.h"
 
@@ -53,7 +55,7 @@ Script ReadScript(const std::filesystem::path& file, const std::filesystem::path
     }
     tests::WriteFile(folder / name, content);
   }
-  if (own_folder) script.text = "folder " + folder.string() + '\n' + script.text;
+  if (own_folder) script.text = "folder " + stage::TextOf(folder) + '\n' + script.text;
   return script;
 }
 
@@ -65,7 +67,7 @@ TEST_P(Replays, PrintsWhatItMust) {
   ASSERT_FALSE(script.expected.empty());
   std::istringstream input(script.text);
   std::ostringstream output;
-  replay::Replay(input, output, tools::OwnFolder()).Run();
+  replay::Replay(input, output, stage::machine::OwnFolder()).Run();
   std::vector<std::string> printed;
   std::istringstream lines(output.str());
   for (std::string line; std::getline(lines, line);) printed.push_back(line);
@@ -83,6 +85,6 @@ std::vector<std::filesystem::path> AllScripts() {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Replays, testing::ValuesIn(AllScripts()),
-                         [](const auto& script) { return script.param.stem().string(); });
+                         [](const auto& script) { return stage::TextOf(script.param.stem()); });
 
 }  // namespace

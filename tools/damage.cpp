@@ -156,7 +156,7 @@ std::string Prepare(const std::filesystem::path& folder, const char* file, Damag
     records += "\"Nome " + std::to_string(row) + "\"\r\n" + std::to_string(100 * row) + "\r\n";
   WriteFile(folder / kRecords, records);
   WriteFile(folder / "config.ini", "; mine\r\n[SETUP]\r\nVkorv=300\r\n");
-  WriteFile(folder / kLevel, ReadFile(tools::OwnFolder() / kLevel));
+  WriteFile(folder / kLevel, ReadFile(stage::machine::OwnFolder() / kLevel));
   std::string bytes = damage(ReadFile(folder / file), any);
   WriteFile(folder / file, bytes);
   return bytes;
@@ -164,7 +164,7 @@ std::string Prepare(const std::filesystem::path& folder, const char* file, Damag
 
 bool TryAll(int times, std::uint32_t seed) {
   const tools::TempFolder folder;
-  folder.TakeProgramFolders(tools::OwnFolder());
+  folder.TakeProgramFolders(stage::machine::OwnFolder());
   Random any(seed);
   Count count;
   for (const char* file : {kRecords, "config.ini", kLevel}) {

@@ -117,7 +117,7 @@ int main(int count, char** arguments) {
     const auto seed = std::uint32_t(levels ? number(4, 1) : number(2, int(std::random_device{}() / 4)));
     std::cout << "seed " << seed << std::endl;
     const tools::TempFolder folder;
-    folder.TakeProgramFolders(tools::OwnFolder());
+    folder.TakeProgramFolders(stage::machine::OwnFolder());
     if (!levels) return Soak(folder, hours, seed);
     const int first = number(2, 1);
     return PlayLevels(folder, seed, first, number(3, count > 2 ? first : std::numeric_limits<int>::max()));

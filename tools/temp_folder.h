@@ -1,20 +1,27 @@
 // A folder of its own for a run that must not leave anything behind.
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
+#include <random>
 #include <stdexcept>
 #include <string>
+
+#include "stage/machine.h"
+#include "stage/path_text.h"
 
 namespace tools {
 
 class TempFolder {
  public:
-  /// Raises std::runtime_error if no folder can be made.
-  TempFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "korvane-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("cannot make a temporary folder");
-    path_ = name;
+  /// Its name begins with `name`. Raises std::runtime_error if no folder can be made.
+  explicit TempFolder(const std::string& name = "korvane") {
+    constexpr int kMostTries = 100;
+    std::random_device any;
+    for (int tries = 0; tries < kMostTries; ++tries) {
+      path_ = std::filesystem::temp_directory_path() / stage::PathOf(name + '-' + std::to_string(any()));
+      if (stage::machine::MakePrivateFolder(path_)) return;
+    }
+    throw std::runtime_error("cannot make a temporary folder");
   }
   ~TempFolder() {
     std::error_code error;
@@ -35,10 +42,5 @@ class TempFolder {
  private:
   std::filesystem::path path_;
 };
-
-/// The folder that the running program lies in.
-inline std::filesystem::path OwnFolder() {
-  return std::filesystem::read_symlink("/proc/self/exe").parent_path();
-}
 
 }  // namespace tools

@@ -5,6 +5,7 @@
 
 #include "assets/sounds/effects.h"
 #include "assets/sounds/wave.h"
+#include "stage/path_text.h"
 
 int main(int argc, char** argv) {
   if (argc != 2) {
@@ -12,7 +13,7 @@ int main(int argc, char** argv) {
     return EXIT_FAILURE;
   }
   try {
-    const std::filesystem::path directory = argv[1];
+    const std::filesystem::path directory = stage::PathOf(argv[1]);
     std::filesystem::create_directories(directory);
     for (const sons::Effect& effect : sons::Effects()) {
       sons::WriteWav(sons::Finish(effect.recipe(), effect.loudness), directory / effect.file);

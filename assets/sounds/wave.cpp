@@ -10,6 +10,7 @@
 #include <string>
 
 #include "assets/sounds/loudness.h"
+#include "stage/path_text.h"
 
 namespace sons {
 namespace {
@@ -97,13 +98,13 @@ Wave Finish(Wave wave, double loudness) {
 void WriteWav(const Wave& wave, const std::filesystem::path& path) {
   std::string bytes = Header(static_cast<std::uint32_t>(wave.size() * sizeof(std::int16_t)));
   for (const double sample : wave) {
-    const long level = std::lround(std::clamp(sample, -1.0, 1.0) * 32767.0);
+    const auto level = static_cast<std::int32_t>(std::lround(std::clamp(sample, -1.0, 1.0) * 32767.0));
     Append(bytes, static_cast<std::uint32_t>(level), 2);
   }
   std::ofstream file(path, std::ios::binary | std::ios::trunc);
   file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   file.close();
-  if (!file) throw std::runtime_error("cannot write " + path.string());
+  if (!file) throw std::runtime_error("cannot write " + stage::TextOf(path));
 }
 
 }  // namespace sons

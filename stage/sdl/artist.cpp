@@ -8,6 +8,8 @@
 #include <map>
 #include <string>
 
+#include "stage/path_text.h"
+
 namespace stage::sdl {
 namespace {
 
@@ -115,7 +117,7 @@ bool Artist::SavePng(const Framebuffer& picture, const std::filesystem::path& fi
   const Surface surface(SDL_CreateRGBSurfaceWithFormatFrom(picture.pixels, picture.size.width,
                                                            picture.size.height, 32, picture.pitch * 4,
                                                            SDL_PIXELFORMAT_RGB888));
-  return surface && IMG_SavePNG(surface.get(), file.c_str()) == 0;
+  return surface && IMG_SavePNG(surface.get(), TextOf(file).c_str()) == 0;
 }
 
 }  // namespace stage::sdl

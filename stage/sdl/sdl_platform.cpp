@@ -4,15 +4,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ctime>
 #include <memory>
-#include <string_view>
-#include <thread>
-#include <vector>
+#include <system_error>
 
+#include "stage/machine.h"
 #include "stage/sdl/beside.h"
 #include "stage/sdl/keys.h"
-#include "stage/sdl/wayland_window.h"
 
 namespace stage::sdl {
 namespace {
@@ -25,11 +22,6 @@ std::string TakeString(char* text) {
   return owned ? std::string(owned.get()) : std::string();
 }
 
-bool IsSet(const char* variable) {
-  const char* const value = SDL_getenv(variable);
-  return value != nullptr && *value != '\0';
-}
-
 bool IsMove(const Event& event) { return std::holds_alternative<PointerMoved>(event); }
 
 }  // namespace
@@ -38,12 +30,8 @@ SdlPlatform::Session::Session() {
   SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
   SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
   SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0");  // closing is for the active form
-  SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
-  SDL_SetHint(SDL_HINT_VIDEO_WAYLAND_ALLOW_LIBDECOR, "0");  // which draws borders
-  // Left to itself SDL falls back on a picture that nobody sees; and asking for Wayland where there is none
-  // makes its library complain.
-  const bool wayland = IsSet("WAYLAND_DISPLAY") && IsSet("XDG_RUNTIME_DIR");
-  SDL_SetHint(SDL_HINT_VIDEODRIVER, wayland ? "wayland,x11" : "x11");
+  ChooseDisplay();
+  SDL_SetMainReady();  // the program's main is its own
   if (SDL_Init(SDL_INIT_VIDEO) != 0) throw Refusal("no display to play on");
   SDL_StopTextInput();
 }
@@ -55,13 +43,12 @@ SdlPlatform::Session::~Session() {
 void SdlPlatform::DestroyWindow::operator()(SDL_Window* window) const { SDL_DestroyWindow(window); }
 
 SdlPlatform::SdlPlatform(const char* title, const char* name)
-    : folders_(FindProgramFolders(TakeString(SDL_GetBasePath()), name, DataHome())) {
+    : folders_(FindProgramFolders(machine::OwnFolder(), name, machine::DataHome())) {
   SDL_Rect area{0, 0, 800, 600};
   SDL_GetDisplayBounds(0, &area);
-  const bool wayland = std::string_view(SDL_GetCurrentVideoDriver()) == "wayland";
   const Uint32 flags = SDL_WINDOW_FULLSCREEN_DESKTOP | SDL_WINDOW_BORDERLESS | SDL_WINDOW_MOUSE_GRABBED;
   window_.reset(SDL_CreateWindow(title, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, area.w, area.h,
-                                 flags | (wayland ? WaylandWindowFlags() : 0)));
+                                 flags | WindowFlags()));
   if (!window_) throw Refusal("no window on this display");
   desk_ = DeskFor(window_.get());
   voice_.emplace();
@@ -141,26 +128,13 @@ Moment SdlPlatform::MomentOf(std::chrono::steady_clock::time_point time) const {
 Moment SdlPlatform::Now() { return MomentOf(std::chrono::steady_clock::now()); }
 
 void SdlPlatform::Wait(Moment until, Wake wake) {
-  if (wake == Wake::kOnTime) {
-    std::this_thread::sleep_until(start_ + until);
-    return;
-  }
-  while (events_.empty()) {
+  // Input is taken whether it wakes or not: some displays show nothing of a program that does not hear them.
+  while (wake == Wake::kOnTime || events_.empty()) {
     const Moment left = until - Now();
     if (left <= Moment{0}) return;
     if (desk_.line->InputComes(left)) Poll();
-    if (desk_.screen->TookFrame()) return;
+    if (wake == Wake::kOnInput && desk_.screen->TookFrame()) return;
   }
-}
-
-Double SdlPlatform::SecondsOfDay() {
-  using std::chrono::system_clock;
-  const auto now = system_clock::now();
-  const std::time_t seconds = system_clock::to_time_t(now);
-  std::tm local{};
-  localtime_r(&seconds, &local);
-  const std::chrono::duration<Double> part = now - std::chrono::floor<std::chrono::seconds>(now);
-  return local.tm_hour * 3600.0 + local.tm_min * 60.0 + local.tm_sec + part.count();
 }
 
 void SdlPlatform::ShowPointer(bool shown) { SDL_ShowCursor(shown ? SDL_ENABLE : SDL_DISABLE); }

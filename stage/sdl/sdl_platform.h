@@ -6,6 +6,7 @@
 #include <future>
 #include <memory>
 
+#include "stage/machine.h"
 #include "stage/platform.h"
 #include "stage/sdl/artist.h"
 #include "stage/sdl/desk.h"
@@ -31,7 +32,7 @@ class SdlPlatform : public Platform {
   std::optional<Event> NextEvent() override;
   void Wait(Moment until, Wake wake) override;
   Moment Now() override;
-  Double SecondsOfDay() override;
+  Double SecondsOfDay() override { return machine::SecondsOfDay(); }
   void ShowPointer(bool shown) override;
   PixelPoint PointerPlace() override { return desk_.mouse->Place(); }
   void MovePointer(PixelPoint place) override;

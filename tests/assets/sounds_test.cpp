@@ -30,7 +30,7 @@ constexpr Case kCases[] = {{"lad", -20, 60},     {"bloc", -18, 150},      {"plat
 
 /// The samples of a plain 44.1 kHz 16 bit mono file; none for any other.
 Wave Read(const std::string& name) {
-  const std::string bytes = tests::ReadFile(tools::OwnFolder() / "sons" / (name + ".wav"));
+  const std::string bytes = tests::ReadFile(stage::machine::OwnFolder() / "sons" / (name + ".wav"));
   const auto field = [&](std::size_t at, std::size_t size) {
     std::uint32_t value = 0;
     std::memcpy(&value, bytes.data() + at, size);

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "stage/path_text.h"
 #include "tests/fuzz/mutator.h"
 #include "tests/fuzz/require.h"
 #include "tools/files.h"
@@ -24,7 +25,7 @@ std::vector<std::string> RunKept(const fs::path& folder) {
   std::vector<std::string> kept;
   for (const fs::path& file : files) {
     kept.push_back(tools::ReadFile(file));
-    std::cerr << file.filename().string() << '\n';
+    std::cerr << stage::TextOf(file.filename()) << '\n';
     Run(kept.back());
   }
   return kept;

@@ -108,8 +108,9 @@ TEST(LevelTool, FindsNothingWrongWithTheLevelsOfTheGame) {
     ++levels;
     const std::string text = ReadFile(entry.path());
     EXPECT_EQ(level::Check(text).fault ? level::Check(text).Text() : "", "") << entry.path();
-    const auto map = entry.path().parent_path() / "maps" / entry.path().stem();
-    EXPECT_EQ(level::SavFromMap(ReadFile(map.string() + ".txt")), text) << entry.path();
+    auto map = entry.path().parent_path() / "maps" / entry.path().stem();
+    map += ".txt";
+    EXPECT_EQ(level::SavFromMap(ReadFile(map)), text) << entry.path();
   }
   EXPECT_EQ(levels, 40);
 }

@@ -11,7 +11,7 @@ std::string Play(const std::string& text) {
   std::istringstream script(text);
   std::ostringstream out;
   try {
-    replay::Replay(script, out, tools::OwnFolder()).Run();
+    replay::Replay(script, out, stage::machine::OwnFolder()).Run();
   } catch (const replay::ScriptError& error) {
     return error.what();
   }

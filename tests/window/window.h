@@ -24,7 +24,7 @@ inline bool IsCyan(const Colour& colour) { return colour[0] < 170 && colour[1] >
 class AnyWindow : public testing::Test {
  protected:
   AnyWindow() {
-    std::filesystem::copy(tools::OwnFolder() / "korvane", folder_.Path() / "korvane");
+    std::filesystem::copy(stage::machine::OwnFolder() / "korvane", folder_.Path() / "korvane");
     LayLevel("600,400,250,480,1\n2000,5000,250,2000,5\n");
   }
 

@@ -4,6 +4,7 @@
 
 #include "assets/assets.h"
 #include "core/programa.h"
+#include "stage/path_text.h"
 #include "stage/scripted_platform.h"
 #include "stage/sdl/artist.h"
 #include "tools/temp_folder.h"
@@ -53,7 +54,7 @@ void Draw(std::string_view text, const std::filesystem::path& picture, stage::Pi
   platform.Look(true);
   programa.Palco.Repaint();
   if (!artist.SavePng(*platform.Canvas(), picture)) {
-    throw std::runtime_error("cannot write " + picture.string());
+    throw std::runtime_error("cannot write " + stage::TextOf(picture));
   }
 }
 

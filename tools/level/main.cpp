@@ -1,4 +1,4 @@
-// korvane-level check FILE... | draw FILE.sav PICTURE.png [--screen WxH] | make MAP.txt
+// korvane-level check FILE... | draw FILE.sav PICTURE.png [--screen WxH] | make MAP.txt [FILE.sav]
 #include <charconv>
 #include <iostream>
 #include <optional>
@@ -6,6 +6,9 @@
 #include <vector>
 
 #include "levels/level_file.h"
+#include "stage/machine.h"
+#include "stage/path_text.h"
+#include "stage/text_file.h"
 #include "tools/level/check.h"
 #include "tools/level/draw.h"
 #include "tools/level/map.h"
@@ -20,7 +23,7 @@ using Words = std::vector<std::string>;
 int Usage() {
   std::cerr << "korvane-level check FILE...\n"
                "korvane-level draw FILE.sav PICTURE.png [--screen WxH]\n"
-               "korvane-level make MAP.txt\n";
+               "korvane-level make MAP.txt [FILE.sav]\n";
   return kUsage;
 }
 
@@ -29,7 +32,7 @@ int CheckAll(const Words& files) {
   for (const std::string& file : files) {
     std::string bad;
     try {
-      const level::Verdict verdict = level::Check(korvane::LevelText(file));
+      const level::Verdict verdict = level::Check(korvane::LevelText(stage::PathOf(file)));
       if (!verdict.fault) {
         std::cout << verdict.Text() << '\n';
         continue;
@@ -63,15 +66,21 @@ int Draw(const Words& words) {
   if (words.size() != 2 && !sized) return Usage();
   const auto display = sized ? SizeOf(words[3]) : stage::PixelSize{800, 600};
   if (!display) return Usage();
-  const std::string text = korvane::LevelText(words[0]);
+  const std::string text = korvane::LevelText(stage::PathOf(words[0]));
   if (const auto fault = level::Check(text).fault) std::cerr << words[0] << ": " << fault->Text() << '\n';
-  level::Draw(text, words[1], *display);
+  level::Draw(text, stage::PathOf(words[1]), *display);
   return 0;
 }
 
 int Make(const Words& words) {
-  if (words.size() != 1) return Usage();
-  std::cout << level::SavFromMap(korvane::LevelText(words[0])) << std::flush;
+  if (words.size() > 2) return Usage();
+  const std::string level = level::SavFromMap(korvane::LevelText(stage::PathOf(words[0])));
+  if (words.size() == 2) {
+    stage::WriteWhole(stage::PathOf(words[1]), level);
+    return 0;
+  }
+  stage::machine::WriteOutputAsIs();
+  std::cout << level << std::flush;
   if (!std::cout) throw std::runtime_error("cannot write the level");
   return 0;
 }

@@ -2,6 +2,8 @@
 #include <fstream>
 #include <iostream>
 
+#include "stage/machine.h"
+#include "stage/path_text.h"
 #include "tools/replay/replay.h"
 
 int main(int count, char** arguments) {
@@ -9,14 +11,15 @@ int main(int count, char** arguments) {
   constexpr int kBadScript = 2;
   std::ifstream file;
   if (count > 1) {
-    file.open(arguments[1]);
+    file.open(stage::PathOf(arguments[1]));
     if (!file) {
       std::cerr << "korvane-replay: cannot read " << arguments[1] << '\n';
       return kBadScript;
     }
   }
+  stage::machine::WriteOutputAsIs();
   try {
-    replay::Replay(count > 1 ? file : std::cin, std::cout, tools::OwnFolder()).Run();
+    replay::Replay(count > 1 ? file : std::cin, std::cout, stage::machine::OwnFolder()).Run();
     return 0;
   } catch (const replay::ScriptError& error) {
     std::cerr << error.what() << '\n';

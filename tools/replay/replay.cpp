@@ -4,6 +4,7 @@
 
 #include "assets/assets.h"
 #include "stage/dialogs.h"
+#include "stage/path_text.h"
 #include "tools/replay/json.h"
 
 namespace replay {
@@ -34,12 +35,12 @@ stage::Moment Seconds(const std::string& text) {
   return std::chrono::duration_cast<stage::Moment>(std::chrono::duration<Double>(seconds));
 }
 
-long Whole(const std::string& text, Double most) {
+std::int64_t Whole(const std::string& text, Double most) {
   const Double value = Numbers(text, 1, 1)[0];
   if (value < 0 || value > most || value != stage::Int(value)) {
     throw std::runtime_error("not a whole number in range: " + text);
   }
-  return static_cast<long>(value);
+  return static_cast<std::int64_t>(value);
 }
 
 }  // namespace
@@ -96,7 +97,7 @@ void Replay::Prepare(const Line& line) {
   } else if (line.verb == "clock") {
     setup_.seconds_of_day = Numbers(line.rest, 1, 1)[0];
   } else if (line.verb == "folder") {
-    setup_.folder = std::filesystem::absolute(line.rest);
+    setup_.folder = std::filesystem::absolute(stage::PathOf(line.rest));
   } else if (line.verb == "seed") {
     Seed(line.rest);
   } else if (line.verb == "rnd") {
@@ -229,7 +230,7 @@ void Replay::Picture(const std::string& file) {
   platform.Look(true);
   stage.Repaint();
   const auto canvas = platform.Canvas();
-  const bool saved = canvas && played_->artist.SavePng(*canvas, file);
+  const bool saved = canvas && played_->artist.SavePng(*canvas, stage::PathOf(file));
   platform.Look(false);
   if (!saved) throw std::runtime_error("cannot write " + file);
 }

@@ -2,6 +2,7 @@
 // `refresh HZ` before `start` they show effects and what glides too, as a display of that rate would.
 #pragma once
 
+#include <cstdint>
 #include <deque>
 #include <istream>
 #include <optional>
@@ -71,7 +72,7 @@ class Replay {
   std::optional<Played> played_;
   std::optional<std::uint32_t> seed_;
   std::deque<stage::Single> draws_;
-  long beats_ = 0;
+  std::int64_t beats_ = 0;
   int line_ = 0;
   bool ended_ = false;
 };

@@ -1,17 +1,25 @@
 #include "stage/sdl/desk.h"
 
-#include <SDL_events.h>
+#include <SDL.h>
 #include <SDL_syswm.h>
+
+#include <string_view>
 
 #include "stage/sdl/sdl_mouse.h"
 #include "stage/sdl/surface_screen.h"
 #include "stage/sdl/wayland_line.h"
 #include "stage/sdl/wayland_mouse.h"
 #include "stage/sdl/wayland_screen.h"
+#include "stage/sdl/wayland_window.h"
 #include "stage/sdl/x11_line.h"
 
 namespace stage::sdl {
 namespace {
+
+bool IsSet(const char* variable) {
+  const char* const value = SDL_getenv(variable);
+  return value != nullptr && *value != '\0';
+}
 
 /// Where nothing better is known.
 class SdlLine : public Line {
@@ -35,6 +43,19 @@ Desk WaylandDesk(SDL_Window* window, wl_display* display, wl_surface* surface) {
 }
 
 }  // namespace
+
+void ChooseDisplay() {
+  SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
+  SDL_SetHint(SDL_HINT_VIDEO_WAYLAND_ALLOW_LIBDECOR, "0");  // which draws borders
+  // Left to itself SDL falls back on a picture that nobody sees; and asking for Wayland where there is none
+  // makes its library complain.
+  const bool wayland = IsSet("WAYLAND_DISPLAY") && IsSet("XDG_RUNTIME_DIR");
+  SDL_SetHint(SDL_HINT_VIDEODRIVER, wayland ? "wayland,x11" : "x11");
+}
+
+std::uint32_t WindowFlags() {
+  return std::string_view(SDL_GetCurrentVideoDriver()) == "wayland" ? WaylandWindowFlags() : 0;
+}
 
 Desk DeskFor(SDL_Window* window) {
   SDL_SysWMinfo info;

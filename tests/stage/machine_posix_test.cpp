@@ -1,0 +1,148 @@
+#include "stage/machine.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <functional>
+
+#include "stage/text_file.h"
+#include "tests/mesa.h"
+
+namespace {
+
+/// What the machine does when a file is to be locked; the lock itself if nothing is told.
+std::function<int()>& Locking() {
+  static std::function<int()> locking;
+  return locking;
+}
+
+}  // namespace
+
+extern "C" int flock(int file, int operation) noexcept {
+  return Locking() ? Locking()() : static_cast<int>(syscall(SYS_flock, file, operation));
+}
+
+namespace {
+
+using stage::RuntimeError;
+
+class Replacing : public testing::Test {
+ protected:
+  /// Nothing is written, and nothing is left lying about.
+  void ExpectRefused() {
+    const auto files = Files();
+    EXPECT_THROW(stage::WriteWhole(file, "new"), RuntimeError);
+    EXPECT_EQ(Files(), files);
+    EXPECT_EQ(tests::ReadFile(victim), "old");
+  }
+  std::size_t Files() const {
+    return std::size_t(std::distance(std::filesystem::directory_iterator(folder.Path()), {}));
+  }
+  void TearDown() override { Locking() = nullptr; }
+
+  tools::TempFolder folder{tests::kAnyLetters};
+  const std::filesystem::path file = folder.Path() / "a";
+  const std::filesystem::path fresh = folder.Path() / ("a." + std::to_string(getuid()) + ".tmp");
+  const std::filesystem::path victim = folder.Path() / "victim";
+};
+
+TEST_F(Replacing, FollowsLinksAndKeepsThem) {
+  std::filesystem::create_directory(folder.Path() / "b");
+  std::filesystem::create_symlink("b/link", file);
+  std::filesystem::create_symlink(folder.Path() / "b" / "real", folder.Path() / "b" / "link");
+  for (const char* const text : {"made", "replaced"}) {
+    stage::WriteWhole(file, text);
+    EXPECT_TRUE(std::filesystem::is_symlink(file));
+    EXPECT_EQ(tests::ReadFile(folder.Path() / "b" / "real"), text);
+    EXPECT_EQ(Files(), 2U);
+  }
+  std::filesystem::remove(file);
+  std::filesystem::create_symlink("a", file);
+  EXPECT_THROW(stage::WriteWhole(file, "new"), RuntimeError) << "a link to itself";
+}
+
+TEST_F(Replacing, KeepsWhoMayReadAndLeavesWhatIsReadOnly) {
+  using std::filesystem::perms;
+  tests::WriteFile(victim, "old");
+  std::filesystem::create_symlink("victim", file);
+  std::filesystem::permissions(victim, perms::owner_read);
+  ExpectRefused();
+  const perms own = perms::owner_read | perms::owner_write;
+  std::filesystem::permissions(victim, own);
+  stage::WriteWhole(file, "new");
+  EXPECT_EQ(tests::ReadFile(victim), "new");
+  EXPECT_EQ(std::filesystem::status(victim).permissions(), own);
+}
+
+TEST_F(Replacing, FallsIntoNoTrap) {
+  tests::WriteFile(victim, "old");
+  const std::pair<const char*, std::function<void()>> traps[] = {
+      {"a link", [&] { std::filesystem::create_symlink(victim, fresh); }},
+      {"a second name", [&] { std::filesystem::create_hard_link(victim, fresh); }},
+      {"a pipe", [&] { ASSERT_EQ(mkfifo(fresh.c_str(), 0600), 0); }},
+      {"a pipe in its own place", [&] { ASSERT_EQ(mkfifo(file.c_str(), 0600), 0); }}};
+  for (const auto& [what, lay] : traps) {
+    SCOPED_TRACE(what);
+    lay();
+    ExpectRefused();
+    std::filesystem::remove(fresh);
+  }
+}
+
+TEST_F(Replacing, TakesOverWhatAKilledWriterHasLeft) {
+  tests::WriteFile(fresh, "longer than what comes");
+  stage::WriteWhole(file, "new");
+  EXPECT_EQ(tests::ReadFile(file), "new");
+  EXPECT_EQ(Files(), 1U);
+}
+
+TEST_F(Replacing, WritesWhereTheMachineKnowsNoLocks) {
+  Locking() = [] { return errno = ENOLCK, -1; };
+  stage::WriteWhole(file, "new");
+  EXPECT_EQ(tests::ReadFile(file), "new");
+}
+
+TEST_F(Replacing, StartsAnewWhenAnotherWriterHasPutItsFileInPlace) {
+  int locks = 0;
+  Locking() = [&] {
+    if (++locks == 1) std::filesystem::rename(fresh, victim);
+    return 0;
+  };
+  stage::WriteWhole(file, "new");
+  EXPECT_EQ(locks, 2);
+  EXPECT_EQ(tests::ReadFile(file), "new");
+  EXPECT_EQ(tests::ReadFile(victim), "");
+}
+
+TEST_F(Replacing, WaitsForAnotherWriterButNotForEver) {
+  struct Writer {
+    explicit Writer(const std::filesystem::path& path) : held(open(path.c_str(), O_WRONLY | O_CREAT, 0600)) {
+      EXPECT_EQ(flock(held, LOCK_EX), 0);
+    }
+    ~Writer() { close(held); }
+    int held;
+  };
+  tests::WriteFile(victim, "old");
+  {
+    const Writer writer(fresh);
+    ExpectRefused();
+  }
+  stage::WriteWhole(file, "new");
+  EXPECT_EQ(tests::ReadFile(file), "new");
+}
+
+TEST(PrivateFolder, IsForItsOwnerAlone) {
+  using std::filesystem::perms;
+  const tools::TempFolder folder;
+  const auto made = folder.Path() / "a";
+  EXPECT_TRUE(stage::machine::MakePrivateFolder(made));
+  EXPECT_EQ(std::filesystem::status(made).permissions(), perms::owner_all);
+  EXPECT_FALSE(stage::machine::MakePrivateFolder(made));
+  EXPECT_FALSE(stage::machine::MakePrivateFolder(stage::machine::Nowhere() / "a"));
+}
+
+}  // namespace
