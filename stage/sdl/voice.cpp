@@ -2,13 +2,14 @@
 
 #include <SDL.h>
 #include <SDL_mixer.h>
-#include <dlfcn.h>
 
 #include <chrono>
 #include <system_error>
 #include <utility>
 
+#include "stage/path_text.h"
 #include "stage/sdl/beside.h"
+#include "stage/sdl/quiet.h"
 #include "stage/text_file.h"
 
 namespace stage::sdl {
@@ -18,21 +19,6 @@ constexpr int kRate = 44100;
 constexpr int kBufferFrames = 512;
 constexpr auto kPatience = std::chrono::seconds(1);
 constexpr std::size_t kMostBytes = 16 << 20;
-
-// NOLINTNEXTLINE(cert-dcl50-cpp): ALSA's library wants it so
-void SayNothing(const char* /*file*/, int /*line*/, const char* /*function*/, int /*error*/,
-                const char* /*format*/, ...) {}
-
-/// A machine without a sound device is no error: the libraries below SDL are to keep their complaints to
-/// themselves, or to tell them the system's log.
-void SilenceLibraries() {
-  SDL_setenv("PULSE_LOG_SYSLOG", "1", 0);
-  using SetHandler = int (*)(decltype(&SayNothing));
-  void* const alsa = dlopen("libasound.so.2", RTLD_LAZY);
-  if (alsa == nullptr) return;
-  const auto set = reinterpret_cast<SetHandler>(dlsym(alsa, "snd_lib_error_set_handler"));
-  if (set != nullptr) set(&SayNothing);
-}
 
 bool OpenDevice() {
   if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return false;
@@ -44,6 +30,12 @@ bool OpenDevice() {
 void Fill(void* playback, Uint8* bytes, int size) {
   static_cast<Playback*>(playback)->Fill(
       {reinterpret_cast<std::int16_t*>(bytes), static_cast<std::size_t>(size) / sizeof(std::int16_t)});
+}
+
+void CloseDevice(Voice::Sounds sounds) {
+  sounds.clear();
+  Mix_CloseAudio();
+  SDL_QuitSubSystem(SDL_INIT_AUDIO);
 }
 
 /// Null if the file is no sound.
@@ -59,9 +51,21 @@ Mix_Chunk* Load(const std::filesystem::path& file) {
 }  // namespace
 
 Voice::Voice() {
-  SilenceLibraries();
+  SilenceSoundLibraries();
+  std::promise<bool> opened;
+  std::promise<Sounds> leave;
+  auto opening = opened.get_future();
+  // Some systems' devices belong to the thread that opens them, and live no longer than it does.
+  auto stay = [opened = std::move(opened), left = leave.get_future()]() mutable {
+    const bool open = OpenDevice();
+    opened.set_value(open);
+    left.wait();
+    if (open) CloseDevice(left.get());
+  };
   try {
-    opening_ = Beside(OpenDevice);
+    closing_ = Beside(std::move(stay));
+    opening_ = std::move(opening);
+    leave_ = std::move(leave);
   } catch (const std::system_error&) {
     open_ = false;
   }
@@ -70,23 +74,10 @@ Voice::Voice() {
 Voice::~Voice() { Close(); }
 
 bool Voice::Close() {
-  const auto end = std::chrono::steady_clock::now() + kPatience;
-  if (auto opening = std::exchange(opening_, {}); opening.valid()) {
-    if (opening.wait_until(end) != std::future_status::ready) return false;
-    open_ = opening.get();
-  }
-  if (!std::exchange(open_, false)) return true;
-  Mix_HookMusic(nullptr, nullptr);
-  try {
-    const auto closing = Beside([sounds = std::move(sounds_)]() mutable {
-      sounds.clear();
-      Mix_CloseAudio();
-      SDL_QuitSubSystem(SDL_INIT_AUDIO);
-    });
-    return closing.wait_until(end) == std::future_status::ready;
-  } catch (const std::system_error&) {
-    return true;  // the device closes with the program
-  }
+  if (!closing_.valid()) return true;
+  if (std::exchange(open_, false)) Mix_HookMusic(nullptr, nullptr);
+  leave_.set_value(std::move(sounds_));
+  return std::exchange(closing_, {}).wait_for(kPatience) == std::future_status::ready;
 }
 
 void Voice::FreeChunk::operator()(Mix_Chunk* chunk) const { Mix_FreeChunk(chunk); }
@@ -102,7 +93,7 @@ bool Voice::Ready() {
 
 void Voice::Play(const std::filesystem::path& file) {
   if (!Ready()) return;
-  const auto [sound, fresh] = sounds_.try_emplace(file.string());
+  const auto [sound, fresh] = sounds_.try_emplace(TextOf(file));
   if (fresh) sound->second.reset(Load(file));
   if (!sound->second) return;
   const Mix_Chunk& chunk = *sound->second;

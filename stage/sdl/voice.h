@@ -28,17 +28,21 @@ class Voice {
   bool Close();
   void Play(const std::filesystem::path& file);
 
- private:
   struct FreeChunk {
     void operator()(Mix_Chunk* chunk) const;
   };
+  /// By the names of their files.
+  using Sounds = std::map<std::string, std::unique_ptr<Mix_Chunk, FreeChunk>>;
 
+ private:
   bool Ready();
 
   std::future<bool> opening_;
   bool open_ = false;
   Playback playback_;
-  std::map<std::string, std::unique_ptr<Mix_Chunk, FreeChunk>> sounds_;
+  Sounds sounds_;
+  std::promise<Sounds> leave_;  // hands them to the device's own thread, which closes it then
+  std::future<void> closing_;
 };
 
 }  // namespace stage::sdl
