@@ -1,12 +1,7 @@
 // Kills writers of the records and the speed at random moments, over and over, and looks at the files after
 // each time: "korvane-killtest TIMES". Exits 1 at the first file that is neither the old nor the new one.
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <array>
 #include <chrono>
-#include <csignal>
 #include <iostream>
 #include <optional>
 #include <random>
@@ -14,7 +9,10 @@
 #include <thread>
 
 #include "records/store.h"
+#include "stage/machine.h"
+#include "stage/path_text.h"
 #include "stage/profile.h"
+#include "tools/child.h"
 #include "tools/files.h"
 #include "tools/temp_folder.h"
 
@@ -44,16 +42,24 @@ std::string ConfigOf(int writer, int turn) {
   return "; mine\n[SETUP]\nVkorv=" + std::to_string(SpeedOf(writer, turn)) + "\n[OTHER]\nVkorv=1\n";
 }
 
-/// How far a writer has come, as it tells through a pipe.
+/// How far a writer has come, as it tells on its standard output.
 struct Told {
   int records = 0;
   int config = 0;
+
+  void Tell() const {
+    std::cout.write(reinterpret_cast<const char*>(this), sizeof *this).flush();
+    if (!std::cout) throw std::runtime_error("nobody listens");
+  }
 };
 
-[[noreturn]] void Write(const std::filesystem::path& folder, int writer, int first, int pipe) {
+/// Until it is killed.
+[[noreturn]] void Write(const std::filesystem::path& folder, int writer, int first) {
+  stage::machine::WriteOutputAsIs();
   Module1 modulo;
-  modulo.AppPath = folder.string();
+  modulo.AppPath = stage::TextOf(folder);
   Told told{first - 1, first - 1};
+  told.Tell();
   for (int turn = first;; ++turn) {
     for (Integer r = 1; r <= 10; r = r + 1) {
       modulo.RecNome(r) = NameOf(writer, turn, r);
@@ -61,32 +67,26 @@ struct Told {
     }
     GravaRecords(modulo);
     told.records = turn;
-    if (write(pipe, &told, sizeof told) != sizeof told) _exit(2);
+    told.Tell();
     stage::WritePrivateProfileStringA("SETUP", "Vkorv", std::to_string(SpeedOf(writer, turn)),
                                       folder / "config.ini");
     told.config = turn;
-    if (write(pipe, &told, sizeof told) != sizeof told) _exit(2);
+    told.Tell();
   }
 }
 
 class Writer {
  public:
-  Writer(const std::filesystem::path& folder, int number, int first) : number_(number), first_(first) {
-    if (pipe(pipe_.data()) != 0) throw std::runtime_error("no pipe");
-    child_ = fork();
-    if (child_ < 0) throw std::runtime_error("no process");
-    if (child_ == 0) Write(folder, number, first, pipe_[1]);
-    close(pipe_[1]);
+  /// Is at work already.
+  Writer(const std::filesystem::path& folder, int number, int first)
+      : number_(number),
+        child_({"write", stage::TextOf(folder), std::to_string(number), std::to_string(first)}) {
+    if (!child_.Read(&told_, sizeof told_)) throw std::runtime_error("a writer did not begin");
   }
-  Writer(const Writer&) = delete;
-  Writer& operator=(const Writer&) = delete;
-  ~Writer() { close(pipe_[0]); }
 
   void Kill() {
-    kill(child_, SIGKILL);
-    waitpid(child_, nullptr, 0);
-    told_ = {first_ - 1, first_ - 1};
-    while (read(pipe_[0], &told_, sizeof told_) == sizeof told_) {
+    child_.Kill();
+    while (child_.Read(&told_, sizeof told_)) {
     }
   }
   /// The last turn that was done, or the one that was under way.
@@ -100,9 +100,7 @@ class Writer {
 
  private:
   int number_;
-  int first_;
-  pid_t child_ = -1;
-  std::array<int, 2> pipe_{};
+  tools::Child child_;
   Told told_;
 };
 
@@ -159,7 +157,7 @@ std::ptrdiff_t FilesUnderWay(const std::filesystem::path& folder) {
 
 bool Kill(int times) {
   constexpr int kMostLeft = 3;  // one for each file that is ever written
-  const tools::TempFolder folder;
+  const tools::TempFolder folder("José 日本");
   std::mt19937 any(std::random_device{}());
   tools::WriteFile(folder.Path() / "config.ini", ConfigOf(0, 0));
   tools::WriteFile(folder.Path() / "kv_his.dat", RecordsOf(0, 0));
@@ -180,6 +178,8 @@ bool Kill(int times) {
 
 int main(int count, char** arguments) {
   try {
+    if (count == 5 && std::string(arguments[1]) == "write")
+      Write(stage::PathOf(arguments[2]), std::stoi(arguments[3]), std::stoi(arguments[4]));
     return Kill(count > 1 ? std::stoi(arguments[1]) : 500) ? 0 : 1;
   } catch (const std::exception& error) {
     std::cerr << "korvane-killtest: " << error.what() << '\n';
