@@ -53,13 +53,6 @@ TEST(Loader, ReadsFieldsWhereverTheLinesEnd) {
   }
 }
 
-TEST(Loader, TakesEmptyFieldsAsNought) {
-  Loaded table(",,250,480,3\n");
-  EXPECT_FALSE(table.Failed());
-  EXPECT_EQ(table.jogo.Box(1).Top, 0);
-  EXPECT_EQ(table.jogo.Box(1).Left, 0);
-}
-
 TEST(Loader, TakesWhatCannotBeReadAsTheEndOfTheSeries) {
   const std::string block = "600,1000,250,480,3\n";
   const std::string broken[] = {"\n" + block,
