@@ -79,7 +79,8 @@ bool Grava(const std::filesystem::path& arquivo, std::string_view bytes) {
     stage::WriteWhole(arquivo, bytes);
     return true;
   } catch (const RuntimeError&) {
-    std::cerr << "korvane: cannot write " << stage::TextOf(arquivo) << "; the records hold for this run only\n";
+    std::cerr << "korvane: cannot write " << stage::TextOf(arquivo)
+              << "; the records hold for this run only\n";
     return false;
   }
 }
@@ -131,7 +132,8 @@ void GravaRecords(Module1& modulo) {
   try {
     falta = OQueFazFalta(arquivo, tabela);
   } catch (const RuntimeError&) {
-    std::cerr << "korvane: cannot read " << stage::TextOf(arquivo) << "; the records hold for this run only\n";
+    std::cerr << "korvane: cannot read " << stage::TextOf(arquivo)
+              << "; the records hold for this run only\n";
     return;
   }
   if (falta.empty() || Grava(Arquivo(modulo, "kv_his.old"), falta)) Grava(arquivo, tabela);

@@ -27,7 +27,7 @@ struct Light {
   PixelRect place;
   Pixel colour = 0;
   Pixel part = kWhole;
-  std::optional<Band> band;
+  std::optional<Band> band{};
   bool operator==(const Light&) const = default;
 };
 
@@ -38,7 +38,7 @@ struct Ghost {
   PictureRef picture = nullptr;
   PixelSize drawn;  // the size that it is drawn for, whatever it fills
   Pixel part = kWhole;
-  std::optional<Pixel> colour;  // the shape of what is not pure black in this colour
+  std::optional<Pixel> colour{};  // the shape of what is not pure black in this colour
   bool operator==(const Ghost&) const = default;
 };
 

@@ -55,7 +55,7 @@ void EffectSet::Show() {
   const Moment now = stage_.Machine().Now();
   const Moment seen = std::max(refreshes_.Last(), now - kBeat);
   const Viewport viewport = stage_.Painting().View();
-  const Sight sight{viewport, stage_.Painting().Made(), refreshes_.Between()};
+  const Eye eye{viewport, stage_.Painting().Made(), refreshes_.Between()};
   for (Running& running : running_) {
     if (!running.holds) continue;
     const bool holds = &running.on->GetContainer().Owner() == stage_.ActiveForm() && running.holds();
@@ -63,21 +63,23 @@ void EffectSet::Show() {
     if (!holds && running.begin) Leave(running);
   }
   for (Running& running : running_) {
-    if (running.begin) Step(running, seen, sight);
+    if (running.begin) Step(running, seen, eye);
   }
   std::erase_if(running_, [](const Running& running) { return !running.holds && !running.begin; });
 }
 
-void EffectSet::Step(Running& running, Moment seen, const Sight& sight) {
+void EffectSet::Step(Running& running, Moment seen, const Eye& eye) {
   const Effect& effect = running.effect;
   Moment age = seen - *running.begin;
-  if (age < Moment::zero() && !effect.at_once) return;
+  if (age < Moment::zero() && !effect.at_once && !running.holds) return;
   age = std::max(age, Moment::zero());
   if (age >= effect.length) return Leave(running);
-  Scene scene = effect.look(age, sight);
-  running.on->ShowFaded(scene.opacity);
-  if (scene.marks == running.scene.marks) return;
+  Scene scene = effect.look(age, eye);
+  // Another effect may fade the same image.
+  if (scene.opacity != running.scene.opacity) running.on->ShowFaded(scene.opacity);
+  const bool same = scene.marks == running.scene.marks;
   running.scene = std::move(scene);
+  if (same) return;
   running.changed = true;
   stage_.Touch();
 }

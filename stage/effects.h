@@ -14,7 +14,7 @@ namespace stage {
 class Stage;
 
 /// What an effect is seen with.
-struct Sight {
+struct Eye {
   const Viewport& viewport;
   Drawings& drawings;
   Moment refresh;  // from one refresh of the display to the next
@@ -32,7 +32,7 @@ struct Scene {
 /// seen a little late, and so is the effect, unless it takes the place of something that is gone at once.
 struct Effect {
   Moment length;
-  std::function<Scene(Moment age, const Sight& sight)> look;
+  std::function<Scene(Moment age, const Eye& eye)> look;
   bool at_once = false;
 };
 
@@ -73,7 +73,7 @@ class EffectSet {
   };
 
   bool Wanted();
-  void Step(Running& running, Moment seen, const Sight& sight);
+  void Step(Running& running, Moment seen, const Eye& eye);
   void Leave(Running& running);
 
   Stage& stage_;

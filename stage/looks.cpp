@@ -17,8 +17,8 @@ Pixel PartOf(Double opacity) {
   return static_cast<Pixel>(std::lround(std::clamp(opacity, 0.0, 1.0) * Double(kWhole)));
 }
 
-int Pixels(const Sight& sight, Double design_pixels) {
-  return std::max(1, sight.viewport.Length(design_pixels * kTwipsPerPixel));
+int Pixels(const Eye& eye, Double design_pixels) {
+  return std::max(1, eye.viewport.Length(design_pixels * kTwipsPerPixel));
 }
 
 PixelRect Square(PixelPlace middle, int side) {
@@ -37,25 +37,23 @@ struct Snapshot {
         area(image.SeenArea()),
         interior(image.GetContainer().Interior()) {}
 
-  PixelSize Size(const Sight& sight) const {
-    if (!stretch && picture != nullptr) return sight.viewport.NaturalSize(picture->natural);
-    return {sight.viewport.Length(area.width), sight.viewport.Length(area.height)};
+  PixelSize Size(const Eye& eye) const {
+    if (!stretch && picture != nullptr) return eye.viewport.NaturalSize(picture->natural);
+    return {eye.viewport.Length(area.width), eye.viewport.Length(area.height)};
   }
-  Ghost Show(const Sight& sight) const {
-    const PixelRect seen = sight.viewport.ToPixels(area);
-    const PixelSize size = Size(sight);
+  Ghost Show(const Eye& eye) const {
+    const PixelRect seen = eye.viewport.ToPixels(area);
+    const PixelSize size = Size(eye);
     return {.place = {seen.left, seen.top, seen.left + size.width, seen.top + size.height},
-            .within = seen.Cut(sight.viewport.ToPixels(interior)),
+            .within = seen.Cut(eye.viewport.ToPixels(interior)),
             .picture = picture,
-            .drawn = size,
-            .part = kWhole,
-            .colour = {}};
+            .drawn = size};
   }
   /// What its middle looks like from afar.
-  Pixel Colour(const Sight& sight) const {
+  Pixel Colour(const Eye& eye) const {
     if (picture == nullptr) return kWhite;
     constexpr int kSamples = 8;
-    const auto bitmap = sight.drawings.Of(*picture, Size(sight));
+    const auto bitmap = eye.drawings.Of(*picture, Size(eye));
     std::array<Pixel, 3> sum{};
     for (int i = 0; i < kSamples * kSamples; ++i) {
       const auto place = [](int sample, int length) { return length / 4 + length * sample / (2 * kSamples); };
@@ -93,23 +91,23 @@ Effect Burst(const Image& image, TwipPoint source) {
   const TwipRect& area = block.area;
   const TwipPoint start{std::clamp(source.x, area.left, area.left + area.width),
                         std::clamp(source.y, area.top, area.top + area.height)};
-  const auto look = [=](Moment age, const Sight& sight) {
-    const Pixel colour = block.Colour(sight);
-    const PixelRect place = sight.viewport.ToPixels(block.area);
-    const Double faded = std::max(Ratio(age - sight.refresh, kFade), 0.0);
+  const auto look = [=](Moment age, const Eye& eye) {
+    const Pixel colour = block.Colour(eye);
+    const PixelRect place = eye.viewport.ToPixels(block.area);
+    const Double faded = std::max(Ratio(age - eye.refresh, kFade), 0.0);
     Scene scene;
     if (faded >= 1) return scene;
-    if (age <= sight.refresh) {
-      scene.marks.emplace_back(Light{place, Mix(colour, kWhite, 180), PartOf(0.95), {}});
+    if (age <= eye.refresh) {
+      scene.marks.emplace_back(Light{place, Mix(colour, kWhite, 180), PartOf(0.95)});
     } else {
-      scene.marks.emplace_back(Light{place, Mix(colour, kWhite, 32), PartOf(0.75 * Fading(faded)), {}});
+      scene.marks.emplace_back(Light{place, Mix(colour, kWhite, 32), PartOf(0.75 * Fading(faded))});
     }
     const Double way = 1 - Fading(faded);
     for (const TwipPoint& to : kWays) {
-      const PixelPlace at = sight.viewport.ToPlace(
+      const PixelPlace at = eye.viewport.ToPlace(
           {start.x + to.x * way * kTwipsPerPixel, start.y + to.y * way * kTwipsPerPixel});
       scene.marks.emplace_back(
-          Light{Square(at, Pixels(sight, 2.5)), Mix(colour, kWhite, 64), PartOf(1 - faded), {}});
+          Light{Square(at, Pixels(eye, 2.5)), Mix(colour, kWhite, 64), PartOf(1 - faded)});
     }
     return scene;
   };
@@ -118,10 +116,10 @@ Effect Burst(const Image& image, TwipPoint source) {
 
 Effect Glint(const Image& image) {
   constexpr Moment kLength = milliseconds(100);
-  const auto look = [area = image.Area()](Moment age, const Sight& sight) {
-    const PixelRect place = sight.viewport.ToPixels(area);
-    const int line = Pixels(sight, 2.5);
-    const Light::Band band = Passing(place, Ratio(age, kLength), Pixels(sight, 18));
+  const auto look = [area = image.Area()](Moment age, const Eye& eye) {
+    const PixelRect place = eye.viewport.ToPixels(area);
+    const int line = Pixels(eye, 2.5);
+    const Light::Band band = Passing(place, Ratio(age, kLength), Pixels(eye, 18));
     Scene scene;
     for (const PixelRect& side :
          {PixelRect{place.left, place.top, place.right, place.top + line},
@@ -137,25 +135,25 @@ Effect Glint(const Image& image) {
 
 Effect Shimmer(const Image& image) {
   constexpr Moment kLength = milliseconds(150);
-  const auto look = [area = image.Area()](Moment age, const Sight& sight) {
-    const PixelRect place = sight.viewport.ToPixels(area);
-    const Light::Band band = Passing(place, Ratio(age, kLength), Pixels(sight, 12));
+  const auto look = [area = image.Area()](Moment age, const Eye& eye) {
+    const PixelRect place = eye.viewport.ToPixels(area);
+    const Light::Band band = Passing(place, Ratio(age, kLength), Pixels(eye, 12));
     return Scene{kWhole, {Light{place, kWhite, PartOf(0.8), band}}};
   };
   return {kLength, look};
 }
 
 Effect Flash(const Image& image, Pixel colour, Moment length) {
-  const auto look = [=, area = image.Area()](Moment age, const Sight& sight) {
+  const auto look = [=, area = image.Area()](Moment age, const Eye& eye) {
     const Double opacity = 0.9 * Fading(Ratio(age, length));
-    return Scene{kWhole, {Light{sight.viewport.ToPixels(area), colour, PartOf(opacity), {}}}};
+    return Scene{kWhole, {Light{eye.viewport.ToPixels(area), colour, PartOf(opacity)}}};
   };
   return {length, look, true};
 }
 
 Effect Glow(const Image& image, Pixel colour, Moment length) {
-  const auto look = [=, &image](Moment age, const Sight& sight) {
-    Ghost ghost = Snapshot(image).Show(sight);
+  const auto look = [=, &image](Moment age, const Eye& eye) {
+    Ghost ghost = Snapshot(image).Show(eye);
     ghost.part = PartOf(0.85 * Fading(Ratio(age, length)));
     ghost.colour = colour;
     return Scene{kWhole, {ghost}};
@@ -164,12 +162,12 @@ Effect Glow(const Image& image, Pixel colour, Moment length) {
 }
 
 Effect Ghostly(const Image& image, Moment length, TwipPoint way) {
-  const auto look = [=, was = Snapshot(image)](Moment age, const Sight& sight) {
+  const auto look = [=, was = Snapshot(image)](Moment age, const Eye& eye) {
     const Double done = Ratio(age, length);
     const Double gone = 1 - Fading(done);
-    const int x = sight.viewport.Length(way.x * gone);
-    const int y = sight.viewport.Length(way.y * gone);
-    Ghost ghost = was.Show(sight);
+    const int x = eye.viewport.Length(way.x * gone);
+    const int y = eye.viewport.Length(way.y * gone);
+    Ghost ghost = was.Show(eye);
     ghost.place = Moved(ghost.place, x, y);
     ghost.within = Moved(ghost.within, x, y);
     ghost.part = PartOf(0.8 * (1 - done));
@@ -180,7 +178,7 @@ Effect Ghostly(const Image& image, Moment length, TwipPoint way) {
 
 Effect Collapse(const Image& plate, const Image& into) {
   constexpr Moment kLength = milliseconds(120);
-  const auto look = [&into, was = Snapshot(plate)](Moment age, const Sight& sight) {
+  const auto look = [&into, was = Snapshot(plate)](Moment age, const Eye& eye) {
     const Double done = std::pow(Ratio(age, kLength), 2);
     const TwipRect goal = into.SeenArea();
     const TwipRect& full = was.area;
@@ -190,8 +188,8 @@ Effect Collapse(const Image& plate, const Image& into) {
     const Double bottom = std::lerp(full.top + full.height, MiddleOf(goal).y, done);
     const Double height = full.height * (1 - done);
     const TwipRect now{std::lerp(middle.x, goal_x, done) - width / 2, bottom - height, width, height};
-    Ghost ghost = was.Show(sight);
-    ghost.place = ghost.within = sight.viewport.ToPixels(now);
+    Ghost ghost = was.Show(eye);
+    ghost.place = ghost.within = eye.viewport.ToPixels(now);
     return Scene{kWhole, {ghost}};
   };
   return {kLength, look, true};
@@ -199,20 +197,20 @@ Effect Collapse(const Image& plate, const Image& into) {
 
 Effect Line(const TwipRect& area, Pixel colour) {
   constexpr Moment kLength = milliseconds(100);
-  const auto look = [=](Moment age, const Sight& sight) {
+  const auto look = [=](Moment age, const Eye& eye) {
     return Scene{kWhole,
-                 {Light{sight.viewport.ToPixels(area), colour, PartOf(0.9 * (1 - Ratio(age, kLength))), {}}}};
+                 {Light{eye.viewport.ToPixels(area), colour, PartOf(0.9 * (1 - Ratio(age, kLength)))}}};
   };
   return {kLength, look};
 }
 
 Effect Appear(Moment after, Moment length) {
-  const auto look = [=](Moment age, const Sight&) { return Scene{PartOf(Ratio(age - after, length)), {}}; };
+  const auto look = [=](Moment age, const Eye&) { return Scene{PartOf(Ratio(age - after, length)), {}}; };
   return {after + length, look, true};
 }
 
 Effect Dim(Pixel opacity) {
-  return {Moment::max(), [=](Moment, const Sight&) { return Scene{opacity, {}}; }};
+  return {Moment::max(), [=](Moment, const Eye&) { return Scene{opacity, {}}; }};
 }
 
 Effect Chevrons(const Image& image, Moment after) {
@@ -223,16 +221,16 @@ Effect Chevrons(const Image& image, Moment after) {
                                     R"(<svg xmlns="http://www.w3.org/2000/svg" width="18" height="9">
 <path d="M2 7.2 9 2 16 7.2" fill="none" stroke="#ffffff" stroke-width="2"/></svg>)",
                                     {18, 9}};
-  const auto look = [=, &image](Moment age, const Sight& sight) {
+  const auto look = [=, &image](Moment age, const Eye& eye) {
     Scene scene;
     if (age < after) return scene;
-    const PixelRect ball = image.Pixels(sight.viewport);
-    const PixelSize size = sight.viewport.NaturalSize(kChevron.natural);
+    const PixelRect ball = image.Pixels(eye.viewport);
+    const PixelSize size = eye.viewport.NaturalSize(kChevron.natural);
     const int left = (ball.left + ball.right - size.width) / 2;
     for (int i = 0; i < 3; ++i) {
       const Double risen = Ratio((age - after) % kCycle - i * kApart, kRise);
       if (risen <= 0 || risen >= 1) continue;
-      const int top = ball.top - Pixels(sight, 14 + 11 * i + 10 * risen);
+      const int top = ball.top - Pixels(eye, 14 + 11 * i + 10 * risen);
       const PixelRect place{left, top, left + size.width, top + size.height};
       scene.marks.emplace_back(
           Ghost{place, place, &kChevron, size, PartOf(0.45 * std::sin(risen * std::numbers::pi)), {}});

@@ -104,6 +104,11 @@ void PutBall(game& jogo, const PixelRect& rect) {
 
 TEST(PlayShown, ANormalBlockStaysBrightForTwoRefreshesAndFadesWithSparksOfItsColour) {
   Twins twins(Level({1, 5}));
+  const auto pass_refresh = [](Mesa& mesa) {
+    mesa.platform->PassTo(stage::Moment(16667));
+    mesa.Do();
+  };
+  twins.Do(pass_refresh);
   twins.InGame([](game& jogo) {
     jogo.paused = true;
     PutBall(jogo, {199, 240, 231, 255});
@@ -132,10 +137,7 @@ TEST(PlayShown, ANormalBlockStaysBrightForTwoRefreshesAndFadesWithSparksOfItsCol
       EXPECT_GE(sparks, 2 * 2);
       EXPECT_LE(sparks, 4 * 9);
     }
-    twins.Do([](Mesa& mesa) {
-      mesa.platform->PassTo(stage::Moment(16667));
-      mesa.Do();
-    });
+    twins.Do(pass_refresh);
   }
   EXPECT_EQ(bright, 2);
   EXPECT_TRUE(twins.Nothing());
@@ -190,7 +192,7 @@ TEST(PlayShown, AGlintLightsTheRimAlone) {
   twins.Pass(50);
   const PixelRect block = Block(0);
   EXPECT_GT(twins.Changed(block), 10);
-  EXPECT_EQ(twins.Changed({block.left + 2, block.top + 2, block.right - 2, block.bottom - 2}), 0);
+  EXPECT_EQ(twins.Changed({block.left + 3, block.top + 3, block.right - 3, block.bottom - 3}), 0);
 }
 
 TEST(PlayShown, AWallIsALineAtTheEdgeWhereTheBallTurned) {
@@ -277,12 +279,13 @@ TEST(PlayShown, ACaughtBonusCollapsesIntoThePaddleWhichFlashes) {
     EXPECT_NEAR(seen.top, 476, 6) << it.code;
     twins.Pass(100);
     EXPECT_GT(twins.Seen().top, 485) << it.code;
-    const int x = static_cast<int>((twins.Jogo().User.Left + 60) * 0.99375 / 15);
-    const Pixel lit = twins.At(x, 520);
-    const Pixel usual = twins.StillAt(x, 520);
+    const int x = static_cast<int>((twins.Jogo().User.Left + 300) * 0.99375 / 15);
+    const Pixel lit = twins.At(x, 523);
+    const Pixel usual = twins.StillAt(x, 523);
     EXPECT_GT(Red(lit), Red(usual));
     EXPECT_EQ(Blue(lit) > Blue(usual), it.red_over_blue == 0) << it.code;
-    EXPECT_GE(Red(lit) - Blue(lit) - (Red(usual) - Blue(usual)), it.red_over_blue) << it.code;
+    constexpr int kWarmth = 12;  // of the paddle itself, which white outshines
+    EXPECT_GE(Red(lit) - Blue(lit) - (Red(usual) - Blue(usual)), it.red_over_blue - kWarmth) << it.code;
     twins.Pass(200);
     EXPECT_TRUE(twins.Nothing()) << it.code;
   }

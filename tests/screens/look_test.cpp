@@ -176,7 +176,7 @@ TEST(Field, ShowsAllThatIsInPlayAndTheHeldBallWhereThePaddleIs) {
     mesa.platform->Look(true);
     game& jogo = mesa.Jogo();
     jogo.ExibeVidas(6);  // all icons; the last ones lie over the level
-    mesa.Beats(2);
+    mesa.Beats(24);  // until nothing glows any more
     mesa.PointAt(2000, 4000);  // the ball itself follows with the next beat
     ExpectField(mesa, {(2000 + jogo.User.Width / 2 - jogo.ball.Width / 2) * 0.99375,
                        (jogo.User.Top - jogo.ball.Height) * 0.9});
