@@ -12,6 +12,8 @@ class Watched : public stage::ScriptedPlatform {
  public:
   using ScriptedPlatform::ScriptedPlatform;
   std::function<void()> AtSleep = [] {};
+  bool pointer_shown = true;
+  void ShowPointer(bool shown) override { pointer_shown = shown; }
   void Wait(stage::Moment until, stage::Wake wake) override {
     if (wake == stage::Wake::kOnTime) AtSleep();
     ScriptedPlatform::Wait(until, wake);
@@ -57,6 +59,9 @@ TEST(Opening, IsSeenInTheMiddleForASecond) {
   };
   ASSERT_TRUE(abertura.WaitsAfterStart());
   EXPECT_EQ(abertura.platform.Now() - start, std::chrono::seconds(1));
+  EXPECT_FALSE(abertura.platform.pointer_shown);
+  abertura.programa.Palco.ShowCursor(true);
+  EXPECT_TRUE(abertura.platform.pointer_shown);
 }
 
 TEST(Opening, KeysAndClicksAreForgottenWithIt) {

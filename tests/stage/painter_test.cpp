@@ -156,13 +156,14 @@ TEST(Painting, BringsALostPictureBackWithBlackBesideTheScreen) {
       sight.Show("ImagePedra1", at);
     }
     bench.theatre.Show(form, kModeless);
-    for (int time = 0; time < 2; ++time) {
+    for (const bool forgets : {false, true, false}) {
       bench.theatre.PaintNow();
       sight.ExpectShown();
       EXPECT_EQ(bench.platform.TakePresented(),
                 (std::vector<PixelRect>{{0, 0, display.width, display.height}}));
       bench.Scribble();
       bench.platform.Send(DisplayChanged{});
+      if (forgets) bench.theatre.ForgetInput();
       bench.theatre.DoEvents();
     }
   }
