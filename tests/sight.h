@@ -65,10 +65,11 @@ class Sight {
     place.right = place.left + written.size.width;
     place.bottom = place.top + written.size.height;
     Each(place, [&](int x, int y, stage::Pixel& pixel) {
-      const int part = written.alpha[std::size_t(y * written.size.width + x)];
+      const int alpha = written.alpha[std::size_t(y * written.size.width + x)];
+      const int part = alpha + (alpha >> 7);  // of 256
       const auto mixed = [&](int shift) {
-        return stage::Pixel((Part(pixel, shift) * (255 - part) + Part(words.colour, shift) * part) / 255)
-               << shift;
+        const auto of = [&](stage::Pixel colour) { return int(colour >> shift & 255U); };
+        return stage::Pixel((of(pixel) * (256 - part) + of(words.colour) * part) / 256) << shift;
       };
       pixel = mixed(16) | mixed(8) | mixed(0);
     });
@@ -87,7 +88,7 @@ class Sight {
       for (int x = 0; x < size_.width; ++x) {
         const stage::Pixel mine = pixels_[std::size_t(y * size_.width + x)];
         const stage::Pixel shown = canvas.Row(y)[x];
-        if (!Far(mine, shown) || unlike++ > 0) continue;
+        if (mine == shown || unlike++ > 0) continue;
         std::ostringstream told;
         told << x << ',' << y << std::hex << ": " << shown << " instead of " << mine;
         first = told.str();
@@ -97,12 +98,6 @@ class Sight {
   }
 
  private:
-  static int Part(stage::Pixel pixel, int shift) { return int(pixel >> shift & 255U); }
-  static bool Far(stage::Pixel a, stage::Pixel b) {
-    constexpr int kRounding = 3;
-    const auto far = [&](int shift) { return std::abs(Part(a, shift) - Part(b, shift)) > kRounding; };
-    return far(16) || far(8) || far(0);
-  }
   stage::Face FaceOf(const Words& words) const {
     const auto font = std::ranges::find(korvane::Assets(), std::string_view(words.font), &stage::Asset::name);
     return {font->bytes, int(std::lround(words.points * 96 / 72 * scale_))};

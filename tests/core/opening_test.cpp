@@ -71,6 +71,7 @@ TEST(Opening, KeysAndClicksAreForgottenWithIt) {
   ASSERT_TRUE(abertura.WaitsAfterStart());
   EXPECT_EQ(abertura.programa.Palco.ActiveForm()->Name(), "FrmHelp");
   const game& jogo = *abertura.programa.game.Last();
+  EXPECT_TRUE(jogo.paused);
   EXPECT_TRUE(jogo.BolaPresa);
   EXPECT_FALSE(jogo.timerDefine.Enabled);
 }
