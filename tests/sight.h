@@ -48,12 +48,14 @@ class Sight {
       if (in < line) pixel = colour;
     });
   }
-  void Show(std::string_view picture, const stage::TwipRect& rect) {
+  void Show(std::string_view picture, const stage::TwipRect& rect, bool black = true) {
     const stage::PixelRect place = Pixels(rect);
     const stage::PixelSize size{place.Width(), place.Height()};
     const stage::Bitmap drawn =
         stage_.Machine().Drawing().Draw(DrawingFor(*stage_.Pictures.Named(picture), size), size);
-    Each(place, [&](int x, int y, stage::Pixel& pixel) { pixel = drawn.At(x, y); });
+    Each(place, [&](int x, int y, stage::Pixel& pixel) {
+      if (black || drawn.At(x, y) != 0) pixel = drawn.At(x, y);
+    });
   }
   void Write(const std::string& text, const Words& words, const stage::TwipRect& rect) {
     const stage::Coverage written = stage_.Machine().Drawing().Write(FaceOf(words), text);

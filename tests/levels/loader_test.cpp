@@ -102,31 +102,6 @@ TEST(Loader, ALevelThatBreaksOffInTheLastSeriesParksNoBonus) {
   }
 }
 
-TEST(Loader, FollowsTheRules) {
-  struct Case {
-    const char* text;
-    int type;
-    int interval;
-    int barred;
-    bool blinks;
-  };
-  const Case cases[] = {{"pisca,5,800,3,0\n", 5, 800, 3, true},
-                        {"\"pisca\",5,100,0,0\n", 5, 500, 0, true},
-                        {"pisca,0,800,10,x\n", 0, 1000, 10, false},
-                        {"pisca,,,3,\n0,0,1,1,1\n", 0, 1000, 3, false},
-                        {"pisca,-2,800,3,0\n", 0, 1000, 3, false},
-                        {"pisca,5 or so,700ms,3,0\n", 5, 700, 3, true},
-                        {"pisca,5,800,3,0\npisca,6,900,4,0\npisca,0,600,7,0\n", 6, 900, 7, true}};
-  for (const Case& each : cases) {
-    Loaded table(each.text);
-    ASSERT_FALSE(table.Failed()) << each.text;
-    EXPECT_EQ(table.jogo.TipoPisca, each.type) << each.text;
-    EXPECT_EQ(table.jogo.TimerPisca.Interval, each.interval) << each.text;
-    EXPECT_EQ(table.jogo.BonusExcluido, each.barred) << each.text;
-    EXPECT_EQ(table.jogo.TimerPisca.Enabled, each.blinks) << each.text;
-  }
-}
-
 TEST(Loader, TellsHardBlocksByTheFieldItself) {
   EXPECT_TRUE(Loaded("600,1000,250,480,20\n").jogo.TemRigido);
   EXPECT_TRUE(Loaded("600,1000,250,480,\"20.0\"\n").jogo.TemRigido);

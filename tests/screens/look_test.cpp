@@ -151,7 +151,7 @@ TEST(Screens, ShowWhatTheyAreMadeOf) {
 }
 
 /// The field as it must look with the ball at this place.
-void ExpectField(Mesa& mesa, stage::TwipPoint ball) {
+Sight FieldOf(Mesa& mesa, stage::TwipPoint ball) {
   game& jogo = mesa.Jogo();
   Sight sight(mesa.Palco());
   sight.Show("ImagePedra5", jogo.Box(1).Area());
@@ -161,12 +161,15 @@ void ExpectField(Mesa& mesa, stage::TwipPoint ball) {
   sight.Write("0", {"LiberationSans-Bold", 18, 0xFFC0FF, stage::Align::kRight}, jogo.LabelPontos.Area());
   sight.Show("barra", jogo.life(1).Area());
   sight.Write("Tela: A-1", {"LiberationSans-Bold", 18, 0xFFC080}, jogo.Label2.Area());
-  for (Integer i = 2; i <= 5; i = i + 1) sight.Show("barra", jogo.life(i).Area());
+  for (Integer i = 2; i <= 5; i = i + 1) {
+    if (jogo.life(i).Visible) sight.Show("barra", jogo.life(i).Area());
+  }
   sight.Within(jogo.User.Area());
   sight.Fill(jogo.User.Area(), 0);
   sight.Show("barra", jogo.Image1.Area());
+  sight.Within({0, 0, mesa.Palco().Screen.Width, mesa.Palco().Screen.Height});
   mesa.Palco().PaintNow();
-  sight.ExpectShown();
+  return sight;
 }
 
 TEST(Field, ShowsAllThatIsInPlayAndTheHeldBallWhereThePaddleIs) {
@@ -178,14 +181,43 @@ TEST(Field, ShowsAllThatIsInPlayAndTheHeldBallWhereThePaddleIs) {
     jogo.ExibeVidas(6);  // all icons; the last ones lie over the level
     mesa.Beats(24);  // until nothing glows any more
     mesa.PointAt(2000, 4000);  // the ball itself follows with the next beat
-    ExpectField(mesa, {(2000 + jogo.User.Width / 2 - jogo.ball.Width / 2) * 0.99375,
-                       (jogo.User.Top - jogo.ball.Height) * 0.9});
+    FieldOf(mesa, {(2000 + jogo.User.Width / 2 - jogo.ball.Width / 2) * 0.99375,
+                   (jogo.User.Top - jogo.ball.Height) * 0.9})
+        .ExpectShown();
     jogo.BolaPresa = false;
     jogo.VelX = jogo.VelY = 0;
     jogo.ball.Left = 5000;
     jogo.ball.Top = 4000;
     mesa.Beats(3);
-    ExpectField(mesa, {5000 * 0.99375, 4000 * 0.9});
+    FieldOf(mesa, {5000 * 0.99375, 4000 * 0.9}).ExpectShown();
+  }
+}
+
+TEST(Pause, ShowsItsOwnPixelsOverTheField) {
+  for (const stage::PixelSize display : kDisplays) {
+    SCOPED_TRACE(display.width);
+    // A block lies behind the sign.
+    Mesa mesa({{"levels/1.sav", "pisca,0,500,10,0\r\n4300,4500,1200,3000,5\r\n"}}, On(display));
+    mesa.platform->Look(true);
+    mesa.Beats(1);
+    const TwipRect ball = mesa.Jogo().ball.Area();
+    const Sight field = FieldOf(mesa, {ball.left, ball.top});
+    const auto [width, height] = mesa.Palco().Screen;
+    Sight held = field;
+    held.Show("pausa", {(width - 1860) / 2.0, (height - 585) / 2.0, 112 * 15, 35 * 15}, false);
+    const auto look = [&] {
+      held.ExpectShown();
+      mesa.Palco().Repaint();
+      held.ExpectShown();
+      EXPECT_FALSE(mesa.programa->RegiaoPausa.expired());
+      mesa.Press(80);
+    };
+    for (int time = 0; time < 2; ++time) {
+      mesa.Press(80);
+      Play(mesa, {look}, [&] { mesa.Do(); });
+      mesa.Palco().PaintNow();
+      field.ExpectShown();
+    }
   }
 }
 

@@ -1,14 +1,10 @@
-#include "screens/pause.h"
+#include "screens/PicDeclerations.h"
 
 #include <gtest/gtest.h>
 
-#include "screens/PicDeclerations.h"
-#include "tests/player.h"
-
 namespace {
 
-using namespace tests;
-using stage::PixelRect;
+using namespace korvane;
 using stage::Run;
 
 struct Grid {
@@ -38,58 +34,6 @@ TEST(Region, LeavesOutTheRunsOfOneColour) {
     const auto region = RegiaoDeBitmap(bitmap, 0x102030);
     EXPECT_EQ(region->Size(), bitmap.size);
     EXPECT_EQ(region->Seen(), grid.seen);
-  }
-}
-
-stage::Bitmap LookAt(Mesa& mesa) {
-  const stage::Framebuffer canvas = mesa.platform->Canvas().value();
-  return {canvas.size, {canvas.Row(0), canvas.Row(canvas.size.height)}};
-}
-
-/// Lays the sign's own pixels over a picture and tells how many they are.
-int Lay(const stage::Bitmap& sign, PixelRect place, stage::Bitmap& picture) {
-  int own = 0;
-  for (int y = 0; y < sign.size.height; ++y) {
-    for (int x = 0; x < sign.size.width; ++x) {
-      if (sign.At(x, y) == 0) continue;
-      picture.pixels[picture.Index(place.left + x, place.top + y)] = sign.At(x, y);
-      ++own;
-    }
-  }
-  return own;
-}
-
-TEST(Pause, ShowsItsOwnPixelsOverTheField) {
-  for (const Double scale : {1.37, 3.6, 0.5}) {
-    SCOPED_TRACE(scale);
-    // A block lies behind the sign.
-    Mesa mesa({{"levels/1.sav", "pisca,0,500,10,0\r\n4300,4500,1200,3000,5\r\n"}},
-              {.screen = {16000, 9000}, .scale = scale});
-    mesa.platform->Look(true);
-    mesa.Beats(1);
-    mesa.Palco().Repaint();
-    const stage::Bitmap field = LookAt(mesa);
-    stage::Stage& palco = mesa.Palco();
-    const auto sign = palco.BitmapOf(*palco.Pictures.Named("pausa"));
-    const PixelRect place =
-        palco.Painting().View().ToPixels({(16000 - 1860) / 2.0, (9000 - 585) / 2.0, 1860, 585});
-    stage::Bitmap held = field;
-    const int own = Lay(*sign, place, held);
-    EXPECT_GT(own, 100 * scale * scale);
-    EXPECT_LT(own, sign->size.width * sign->size.height);
-    const auto look = [&] {
-      EXPECT_EQ(LookAt(mesa).pixels, held.pixels);
-      palco.Repaint();
-      EXPECT_EQ(LookAt(mesa).pixels, held.pixels);
-      EXPECT_FALSE(mesa.programa->RegiaoPausa.expired());
-      mesa.Press(80);
-    };
-    for (int time = 0; time < 2; ++time) {
-      mesa.Press(80);
-      Play(mesa, {look}, [&] { mesa.Do(); });
-      mesa.Palco().PaintNow();
-      EXPECT_EQ(LookAt(mesa).pixels, field.pixels);
-    }
   }
 }
 
