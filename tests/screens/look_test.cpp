@@ -199,7 +199,7 @@ TEST(Pause, ShowsItsOwnPixelsOverTheField) {
     // A block lies behind the sign.
     Mesa mesa({{"levels/1.sav", "pisca,0,500,10,0\r\n4300,4500,1200,3000,5\r\n"}}, On(display));
     mesa.platform->Look(true);
-    mesa.Beats(1);
+    mesa.Beats(24);  // until nothing glows any more
     const TwipRect ball = mesa.Jogo().ball.Area();
     const Sight field = FieldOf(mesa, {ball.left, ball.top});
     const auto [width, height] = mesa.Palco().Screen;
