@@ -178,8 +178,8 @@ TEST(Field, ShowsAllThatIsInPlayAndTheHeldBallWhereThePaddleIs) {
     Mesa mesa({{"levels/1.sav", kQuietLevel}}, On(display, 60));
     mesa.platform->Look(true);
     game& jogo = mesa.Jogo();
-    jogo.ExibeVidas(6);  // all icons; the last ones lie over the level
-    mesa.Beats(24);  // until nothing glows any more
+    jogo.ExibeVidas(6);        // all icons; the last ones lie over the level
+    mesa.Beats(24);            // until nothing glows any more
     mesa.PointAt(2000, 4000);  // the ball itself follows with the next beat
     FieldOf(mesa, {(2000 + jogo.User.Width / 2 - jogo.ball.Width / 2) * 0.99375,
                    (jogo.User.Top - jogo.ball.Height) * 0.9})
