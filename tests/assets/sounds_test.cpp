@@ -6,7 +6,6 @@
 #include <cstring>
 #include <map>
 #include <numbers>
-#include <regex>
 #include <set>
 
 #include "assets/sounds/instruments.h"
@@ -129,12 +128,14 @@ TEST(Sounds, SilenceAndSpikesAreRefused) {
 
 TEST(Sounds, AreThoseThatTheGamePlays) {
   std::set<std::string> played;
-  const std::regex name("\"(\\w+)\\.wav\"");
+  constexpr std::string_view kEnd = ".wav\"";
   for (const char* room : {"ball", "bonus", "levels", "screens"}) {
     for (const auto& entry : std::filesystem::directory_iterator(std::string(KORVANE_SOURCE) + '/' + room)) {
       const std::string code = tests::ReadFile(entry.path());
-      for (std::sregex_iterator at(code.begin(), code.end(), name); at != std::sregex_iterator(); ++at)
-        played.insert((*at)[1]);
+      for (std::size_t end = code.find(kEnd); end != std::string::npos; end = code.find(kEnd, end + 1)) {
+        const std::size_t start = code.rfind('"', end) + 1;
+        played.insert(code.substr(start, end - start));
+      }
     }
   }
   std::set<std::string> made;
