@@ -60,9 +60,9 @@ void game::EngoleBonus() {
 }
 
 void game::AcendeUser(Integer codigo) {
-  if (codigo < 1) return;
-  const bool ruim = codigo == 3 || codigo == 5;
-  Palco.Effects().Begin(Image1, look::Glow(Image1, ruim ? kVermelho : kBranco, milliseconds(250)));
+  const Bonus* const bonus = TabelaBonus::De(codigo);
+  if (bonus == nullptr) return;
+  Palco.Effects().Begin(Image1, look::Glow(Image1, bonus->ruim ? kVermelho : kBranco, milliseconds(250)));
 }
 
 void game::SurgeBonusParado() { Palco.Effects().Begin(Box(ProximoBox), look::Appear({}, milliseconds(100))); }
