@@ -100,6 +100,7 @@ LevelFigures::LevelFigures(int its_serie, int its_number, std::vector<LevelPlay>
 LevelPlay PlayLevel(const std::filesystem::path& folder, int number, int serie, std::uint32_t seed) {
   constexpr Moment kLongest = std::chrono::minutes(60);
   constexpr int kLives = 5;
+  std::filesystem::remove(folder / "config.ini");  // the speed of the play before would make this one another
   Session session(folder, seed);
   session.bot.wanders = false;
   session.bot.stays_in_level = true;

@@ -87,7 +87,7 @@ void Print(const bot::LevelFigures& level) {
 
 /// The levels in series A and D.
 int PlayLevels(const tools::TempFolder& folder, std::uint32_t seed, int first, int last) {
-  constexpr std::uint32_t kPlays = 25;
+  constexpr std::uint32_t kPlays = 101;
   std::vector<std::string> broken;
   std::cout << "level  minutes  drought  hard hits  unseen\n";
   for (const int serie : {0, 3}) {

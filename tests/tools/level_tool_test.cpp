@@ -100,19 +100,38 @@ TEST(LevelTool, TakesTheBallAsLargeAsItEverIs) {
   EXPECT_EQ(Room::kLowest, stage::Int(jogo.ball.Top));
 }
 
+TEST(LevelTool, CountsTheHardBlocksThatStandAlone) {
+  const std::string hard = "600,3000,250,480,20\n";
+  const auto alone = [&](const std::string& text) {
+    return level::Check(text + "7000,0,250,480,5\n").hard_alone;
+  };
+  EXPECT_EQ(alone(hard), 1);
+  EXPECT_EQ(alone(hard + "600,3540,250,480,20\n"), 0);
+  EXPECT_EQ(alone(hard + "600,3541,250,480,20\n"), 2);
+  EXPECT_EQ(alone(hard + "910,2460,250,480,20\n"), 0);
+  EXPECT_EQ(alone(hard + "911,3000,250,480,20\n"), 2);
+  EXPECT_EQ(alone(hard + "600,3490,250,480,5\n"), 1);
+}
+
 TEST(LevelTool, FindsNothingWrongWithTheLevelsOfTheGame) {
   int levels = 0;
+  int with_hard_alone = 0;
   for (const auto& entry :
        std::filesystem::directory_iterator(std::string(KORVANE_SOURCE) + "/assets/levels")) {
     if (entry.path().extension() != ".sav") continue;
     ++levels;
     const std::string text = ReadFile(entry.path());
-    EXPECT_EQ(level::Check(text).fault ? level::Check(text).Text() : "", "") << entry.path();
+    const level::Verdict verdict = level::Check(text);
+    EXPECT_EQ(verdict.fault ? verdict.Text() : "", "") << entry.path();
+    EXPECT_FALSE(text.starts_with("pisca,21,"))
+        << entry.path() << " ends in the dark: unseen blocks that blink";
+    with_hard_alone += verdict.hard_alone > 0 ? 1 : 0;
     auto map = entry.path().parent_path() / "maps" / entry.path().stem();
     map += ".txt";
     EXPECT_EQ(level::SavFromMap(ReadFile(map)), text) << entry.path();
   }
   EXPECT_EQ(levels, 40);
+  EXPECT_LE(with_hard_alone, 5);
 }
 
 TEST(LevelTool, DrawsTheLevelAtTheSizeAskedFor) {

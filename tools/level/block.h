@@ -13,6 +13,9 @@ inline constexpr int kLastType = korvane::kRevelado;
 /// TipoBox has no use for index 0 and one more for the carrier of the parked bonus.
 inline constexpr int kMostBlocks = decltype(korvane::Module1::TipoBox)::kCount - 2;
 
+/// Black space between neighbours, design units.
+inline constexpr int kWidestGap = 60;
+
 inline constexpr int kLastBonus = korvane::TabelaBonus::kQuantos;
 inline constexpr int kAllBonuses = korvane::kTodosBarrados;
 

@@ -64,6 +64,21 @@ void CheckHard(const std::vector<Block>& blocks, bool written) {
          "a hard block that is not written 20 keeps the level from ending");
 }
 
+bool Neighbours(const Block& a, const Block& b) {
+  return a.left - b.Right() <= kWidestGap && b.left - a.Right() <= kWidestGap &&
+         a.top - b.Bottom() <= kWidestGap && b.top - a.Bottom() <= kWidestGap;
+}
+
+int HardAlone(const std::vector<Block>& blocks) {
+  const auto beside = [&](const Block& block) {
+    return std::ranges::any_of(blocks, [&](const Block& other) {
+      return &other != &block && other.type == kHard && Neighbours(block, other);
+    });
+  };
+  return int(std::ranges::count_if(
+      blocks, [&](const Block& block) { return block.type == kHard && !beside(block); }));
+}
+
 void CheckLevel(std::string_view text, std::vector<Block>& blocks) {
   bool hard_written = false;
   korvane::LevelReader reader(text);
@@ -94,7 +109,7 @@ std::string Fault::Text() const {
 std::string Verdict::Text() const {
   if (fault) return fault->Text();
   return "ok: " + std::to_string(blocks) + " blocks, " + std::to_string(hard) + " hard, " +
-         std::to_string(unseen) + " unseen";
+         std::to_string(unseen) + " unseen, " + std::to_string(hard_alone) + " hard alone";
 }
 
 Verdict Check(std::string_view text) {
@@ -108,6 +123,7 @@ Verdict Check(std::string_view text) {
   verdict.blocks = int(blocks.size());
   verdict.hard = int(std::ranges::count(blocks, kHard, &Block::type));
   verdict.unseen = int(std::ranges::count(blocks, kUnseen, &Block::type));
+  verdict.hard_alone = HardAlone(blocks);
   return verdict;
 }
 

@@ -21,6 +21,9 @@ struct Verdict {
   int blocks = 0;
   int hard = 0;
   int unseen = 0;
+  /// Hard blocks with no other hard block at their side or corner: further from each of them than the widest
+  /// gap of a drawing.
+  int hard_alone = 0;
   /// The first one, if there is any. The counts are those of the blocks before it.
   std::optional<Fault> fault;
 

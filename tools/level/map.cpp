@@ -26,7 +26,6 @@ constexpr std::size_t kLongestName = 60;
 constexpr int kMostColumns = 95;
 constexpr int kShortestStep = 120;
 constexpr int kLongestStep = 3000;
-constexpr int kWidestGap = 60;
 constexpr int kSoonestBlink = 500;  // ms; anything quicker than the game allows
 constexpr int kLatestBlink = 60000;
 
