@@ -13,8 +13,35 @@ Pixel Lighter(Pixel a, Pixel b) {
   return lighter(0xFF0000) | lighter(0x00FF00) | lighter(0x0000FF);
 }
 
-/// Where a pixel lies in something `shown` pixels long that was drawn `drawn` pixels long.
-int Drawn(int offset, int drawn, int shown) { return static_cast<int>(std::int64_t(offset) * drawn / shown); }
+/// Where the pixels lie of something `shown` pixels long that was drawn `drawn` pixels long.
+class Scaled {
+ public:
+  Scaled(int drawn, int shown) : step_(((std::int64_t(drawn) << kFine) + shown - 1) / shown) {}
+  int operator()(int offset) const { return static_cast<int>(offset * step_ >> kFine); }
+
+ private:
+  static constexpr int kFine = 32;
+  std::int64_t step_;
+};
+
+/// Mixes two pixels by `Mixer`. Pixels next to each other are mostly alike, and alike ones are mixed once.
+template <class Mixer>
+class Repeating {
+ public:
+  explicit Repeating(const Mixer& mixer) : mixer_(mixer), mixed_(mixer(0, 0)) {}
+  Pixel operator()(Pixel under, Pixel over) {
+    if (under == under_ && over == over_) return mixed_;
+    under_ = under;
+    over_ = over;
+    return mixed_ = mixer_(under, over);
+  }
+
+ private:
+  Mixer mixer_;
+  Pixel under_ = 0;
+  Pixel over_ = 0;
+  Pixel mixed_;
+};
 
 /// How one line of a picture, that lies `offset` of 256 beside the pixels, meets the pixel `place`.
 struct Meeting {
@@ -84,12 +111,13 @@ void Canvas::Draw(const TwipRect& rect, const Picture& picture, PixelSize size, 
     }
     return;
   }
+  const Scaled across(bitmap->size.width, size.width);
+  const Scaled down(bitmap->size.height, size.height);
   for (int y = part.top; y < part.bottom; ++y) {
     Pixel* const row = target_.Row(y);
-    const int from_y = Drawn(y - whole.top, bitmap->size.height, size.height);
+    const Pixel* const drawn = &bitmap->pixels[bitmap->Index(0, down(y - whole.top))];
     for (int x = part.left; x < part.right; ++x) {
-      row[x] =
-          Mix(row[x], bitmap->At(Drawn(x - whole.left, bitmap->size.width, size.width), from_y), opacity);
+      row[x] = Mix(row[x], drawn[across(x - whole.left)], opacity);
     }
   }
 }
@@ -118,10 +146,11 @@ void Canvas::DrawBetween(TwipPoint corner, const Picture& picture, PixelSize siz
 
 void Canvas::Paint(const Light& light) const {
   const PixelRect part = light.place.Cut(clip_);
+  Repeating lit([share = light.part](Pixel under, Pixel over) { return Mix(under, over, share); });
   for (int y = part.top; y < part.bottom; ++y) {
     Pixel* const row = target_.Row(y);
     if (!light.band) {
-      for (int x = part.left; x < part.right; ++x) row[x] = Mix(row[x], light.colour, light.part);
+      for (int x = part.left; x < part.right; ++x) row[x] = lit(row[x], light.colour);
       continue;
     }
     const int middle = light.band->middle - y;
@@ -138,16 +167,26 @@ void Canvas::Paint(const Ghost& ghost) const {
   const PixelRect part = ghost.place.Cut(ghost.within).Cut(clip_);
   if (part.Empty() || ghost.picture == nullptr) return;
   const auto bitmap = drawings_.Of(*ghost.picture, ghost.drawn);
-  for (int y = part.top; y < part.bottom; ++y) {
-    Pixel* const row = target_.Row(y);
-    const int from_y = Drawn(y - ghost.place.top, bitmap->size.height, ghost.place.Height());
-    for (int x = part.left; x < part.right; ++x) {
-      const Pixel pixel =
-          bitmap->At(Drawn(x - ghost.place.left, bitmap->size.width, ghost.place.Width()), from_y);
-      if (pixel == 0) continue;
-      const Pixel mixed = Mix(row[x], ghost.colour.value_or(pixel), ghost.part);
-      row[x] = ghost.colour ? mixed : Lighter(row[x], mixed);
+  const Scaled across(bitmap->size.width, ghost.place.Width());
+  const Scaled down(bitmap->size.height, ghost.place.Height());
+  const auto paint = [&](auto mixed) {
+    for (int y = part.top; y < part.bottom; ++y) {
+      Pixel* const row = target_.Row(y);
+      const Pixel* const drawn = &bitmap->pixels[bitmap->Index(0, down(y - ghost.place.top))];
+      for (int x = part.left; x < part.right; ++x) {
+        const Pixel pixel = drawn[across(x - ghost.place.left)];
+        if (pixel != 0) row[x] = mixed(row[x], pixel);
+      }
     }
+  };
+  const Pixel share = ghost.part;
+  if (ghost.colour) {
+    paint(
+        Repeating([share, colour = *ghost.colour](Pixel under, Pixel) { return Mix(under, colour, share); }));
+  } else if (share == kWhole) {
+    paint([](Pixel under, Pixel over) { return Lighter(under, over); });
+  } else {
+    paint(Repeating([share](Pixel under, Pixel over) { return Lighter(under, Mix(under, over, share)); }));
   }
 }
 

@@ -29,7 +29,7 @@ void EffectSet::Keep(Image& on, std::function<bool()> holds, Effect effect) {
 }
 
 void EffectSet::Leave(Running& running) {
-  running.on->ShowFaded(kWhole);
+  if (running.scene.opacity != kWhole) running.on->ShowFaded(kWhole);
   for (const PixelRect& pixels : running.painted) stage_.Damage(pixels);
   running.painted.clear();
   running.scene = {};

@@ -217,6 +217,7 @@ Effect Chevrons(const Image& image, Moment after) {
   constexpr Moment kCycle = milliseconds(1000);
   constexpr Moment kRise = milliseconds(520);
   constexpr Moment kApart = milliseconds(130);
+  constexpr Moment kCalm = milliseconds(1000) / 30;  // slow enough for so few pictures, which cost less
   static constexpr Picture kChevron{"chevron",
                                     R"(<svg xmlns="http://www.w3.org/2000/svg" width="18" height="9">
 <path d="M2 7.2 9 2 16 7.2" fill="none" stroke="#ffffff" stroke-width="2"/></svg>)",
@@ -224,6 +225,7 @@ Effect Chevrons(const Image& image, Moment after) {
   const auto look = [=, &image](Moment age, const Eye& eye) {
     Scene scene;
     if (age < after) return scene;
+    age -= age % kCalm;
     const PixelRect ball = image.Pixels(eye.viewport);
     const PixelSize size = eye.viewport.NaturalSize(kChevron.natural);
     const int left = (ball.left + ball.right - size.width) / 2;

@@ -180,6 +180,7 @@ BENCHMARK_CAPTURE(PaintEffect, , [](game& jogo) { return look::Chevrons(jogo.bal
 /// A refresh of all blocks of a full level as they come into sight.
 void PaintRows(benchmark::State& state) {
   SeenMesa mesa(60);
+  mesa.Jogo().paused = true;
   mesa.Palco().Repaint();
   for (auto _ : state) {
     if (mesa.Palco().Effects().NextBeat() == stage::Moment::max()) {
