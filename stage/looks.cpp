@@ -115,7 +115,7 @@ Effect Burst(const Image& image, TwipPoint source) {
 }
 
 Effect Glint(const Image& image) {
-  constexpr Moment kLength = milliseconds(100);
+  static constexpr Moment kLength = milliseconds(100);
   const auto look = [area = image.Area()](Moment age, const Eye& eye) {
     const PixelRect place = eye.viewport.ToPixels(area);
     const int line = Pixels(eye, 2.5);
@@ -134,7 +134,7 @@ Effect Glint(const Image& image) {
 }
 
 Effect Shimmer(const Image& image) {
-  constexpr Moment kLength = milliseconds(150);
+  static constexpr Moment kLength = milliseconds(150);
   const auto look = [area = image.Area()](Moment age, const Eye& eye) {
     const PixelRect place = eye.viewport.ToPixels(area);
     const Light::Band band = Passing(place, Ratio(age, kLength), Pixels(eye, 12));
@@ -177,7 +177,7 @@ Effect Ghostly(const Image& image, Moment length, TwipPoint way) {
 }
 
 Effect Collapse(const Image& plate, const Image& into) {
-  constexpr Moment kLength = milliseconds(120);
+  static constexpr Moment kLength = milliseconds(120);
   const auto look = [&into, was = Snapshot(plate)](Moment age, const Eye& eye) {
     const Double done = std::pow(Ratio(age, kLength), 2);
     const TwipRect goal = into.SeenArea();
