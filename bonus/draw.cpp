@@ -1,4 +1,5 @@
 // The draws of bonuses, and the rules behind them that the falling and the parked bonus share.
+#include "bonus/tabela.h"
 #include "core/game.h"
 
 namespace korvane {

@@ -1,4 +1,5 @@
 // The one place where a bonus takes effect, wherever it came from.
+#include "bonus/tabela.h"
 #include "core/game.h"
 
 namespace korvane {

@@ -1,4 +1,5 @@
 // Bonuses that fall from the top of the screen and are caught by the paddle.
+#include "bonus/tabela.h"
 #include "core/game.h"
 
 namespace korvane {

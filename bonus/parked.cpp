@@ -1,4 +1,5 @@
 // Bonuses that stand at a free place of the field for a while and are collected by the ball.
+#include "bonus/tabela.h"
 #include "core/game.h"
 
 namespace korvane {

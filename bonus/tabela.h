@@ -47,7 +47,7 @@ struct Bonus {
   /// The numbers that draw it.
   Faixas caindo;
   Faixas parado;
-  /// What it is in place of in series B to D.
+  /// What it is drawn as in series B to D, kNenhum for nothing.
   int depois_da_a;
   /// What comes of it as play stands; it may be another, or none.
   int (*vem)(const game& jogo, Sorteio sorteio);

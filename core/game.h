@@ -4,12 +4,14 @@
 #include <string>
 #include <string_view>
 
-#include "bonus/tabela.h"
 #include "core/programa.h"
 #include "stage/control_array.h"
 #include "stage/glide.h"
 
 namespace korvane {
+
+enum class Sorteio;
+struct TabelaBonus;
 
 /// Controls on the form are placed in form units, 0.99375 twips across and 0.9 twips down; the screen and the
 /// form itself are in twips. The procedures mix the two by number.
@@ -167,7 +169,7 @@ class game : public stage::Form {
   void sound(std::string_view swave);
 
  private:
-  friend struct TabelaBonus;
+  friend TabelaBonus;
 
   // Start-up, in this order.
   void DispoeBarra();

@@ -1,4 +1,5 @@
 // The play form as designed: places and sizes in twips, pictures, timers, and which event runs what.
+#include "bonus/tabela.h"
 #include "core/game.h"
 
 namespace korvane {

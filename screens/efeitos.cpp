@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "bonus/tabela.h"
 #include "core/game.h"
 #include "stage/looks.h"
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "bonus/tabela.h"
+
 namespace bot {
 namespace {
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "bonus/tabela.h"
+
 namespace bot {
 namespace {
 
