@@ -13,34 +13,42 @@ Pixel Lighter(Pixel a, Pixel b) {
   return lighter(0xFF0000) | lighter(0x00FF00) | lighter(0x0000FF);
 }
 
-/// Where the pixels lie of something `shown` pixels long that was drawn `drawn` pixels long.
-class Scaled {
+/// What is seen of the lines of a bitmap that fills a place of any size.
+class Lines {
  public:
-  Scaled(int drawn, int shown) : step_(((std::int64_t(drawn) << kFine) + shown - 1) / shown) {}
-  int operator()(int offset) const { return static_cast<int>(offset * step_ >> kFine); }
+  Lines(const Bitmap& bitmap, const PixelRect& place, const PixelRect& seen)
+      : bitmap_(bitmap),
+        place_(place),
+        seen_(seen),
+        across_(Step(bitmap.size.width, place.Width())),
+        down_(Step(bitmap.size.height, place.Height())),
+        line_(bitmap.size.width == place.Width() ? 0 : std::size_t(seen.Width())) {}
 
- private:
-  static constexpr int kFine = 32;
-  std::int64_t step_;
-};
-
-/// Mixes two pixels by `Mixer`. Pixels next to each other are mostly alike, and alike ones are mixed once.
-template <class Mixer>
-class Repeating {
- public:
-  explicit Repeating(const Mixer& mixer) : mixer_(mixer), mixed_(mixer(0, 0)) {}
-  Pixel operator()(Pixel under, Pixel over) {
-    if (under == under_ && over == over_) return mixed_;
-    under_ = under;
-    over_ = over;
-    return mixed_ = mixer_(under, over);
+  /// The pixels from the left edge of what is seen, until the next call.
+  const Pixel* At(int y) {
+    const Pixel* const drawn =
+        &bitmap_.pixels[bitmap_.Index(0, static_cast<int>((y - place_.top) * down_ >> kFine))];
+    std::int64_t from = (seen_.left - place_.left) * across_;
+    if (line_.empty()) return drawn + (from >> kFine);
+    for (Pixel& pixel : line_) {
+      pixel = drawn[from >> kFine];
+      from += across_;
+    }
+    return line_.data();
   }
 
  private:
-  Mixer mixer_;
-  Pixel under_ = 0;
-  Pixel over_ = 0;
-  Pixel mixed_;
+  static constexpr int kFine = 32;
+  static std::int64_t Step(int drawn, int shown) {
+    return ((std::int64_t(drawn) << kFine) + shown - 1) / shown;
+  }
+
+  const Bitmap& bitmap_;
+  PixelRect place_;
+  PixelRect seen_;
+  std::int64_t across_;
+  std::int64_t down_;
+  std::vector<Pixel> line_;
 };
 
 /// How one line of a picture, that lies `offset` of 256 beside the pixels, meets the pixel `place`.
@@ -111,14 +119,11 @@ void Canvas::Draw(const TwipRect& rect, const Picture& picture, PixelSize size, 
     }
     return;
   }
-  const Scaled across(bitmap->size.width, size.width);
-  const Scaled down(bitmap->size.height, size.height);
+  Lines lines(*bitmap, whole, part);
   for (int y = part.top; y < part.bottom; ++y) {
-    Pixel* const row = target_.Row(y);
-    const Pixel* const drawn = &bitmap->pixels[bitmap->Index(0, down(y - whole.top))];
-    for (int x = part.left; x < part.right; ++x) {
-      row[x] = Mix(row[x], drawn[across(x - whole.left)], opacity);
-    }
+    Pixel* const row = target_.Row(y) + part.left;
+    const Pixel* const drawn = lines.At(y);
+    for (int i = 0; i < part.Width(); ++i) row[i] = Mix(row[i], drawn[i], opacity);
   }
 }
 
@@ -146,11 +151,10 @@ void Canvas::DrawBetween(TwipPoint corner, const Picture& picture, PixelSize siz
 
 void Canvas::Paint(const Light& light) const {
   const PixelRect part = light.place.Cut(clip_);
-  Repeating lit([share = light.part](Pixel under, Pixel over) { return Mix(under, over, share); });
   for (int y = part.top; y < part.bottom; ++y) {
     Pixel* const row = target_.Row(y);
     if (!light.band) {
-      for (int x = part.left; x < part.right; ++x) row[x] = lit(row[x], light.colour);
+      for (int x = part.left; x < part.right; ++x) row[x] = Mix(row[x], light.colour, light.part);
       continue;
     }
     const int middle = light.band->middle - y;
@@ -167,26 +171,21 @@ void Canvas::Paint(const Ghost& ghost) const {
   const PixelRect part = ghost.place.Cut(ghost.within).Cut(clip_);
   if (part.Empty() || ghost.picture == nullptr) return;
   const auto bitmap = drawings_.Of(*ghost.picture, ghost.drawn);
-  const Scaled across(bitmap->size.width, ghost.place.Width());
-  const Scaled down(bitmap->size.height, ghost.place.Height());
+  Lines lines(*bitmap, ghost.place, part);
   const auto paint = [&](auto mixed) {
     for (int y = part.top; y < part.bottom; ++y) {
-      Pixel* const row = target_.Row(y);
-      const Pixel* const drawn = &bitmap->pixels[bitmap->Index(0, down(y - ghost.place.top))];
-      for (int x = part.left; x < part.right; ++x) {
-        const Pixel pixel = drawn[across(x - ghost.place.left)];
-        if (pixel != 0) row[x] = mixed(row[x], pixel);
-      }
+      Pixel* const row = target_.Row(y) + part.left;
+      const Pixel* const drawn = lines.At(y);
+      for (int i = 0; i < part.Width(); ++i) row[i] = drawn[i] == 0 ? row[i] : mixed(row[i], drawn[i]);
     }
   };
   const Pixel share = ghost.part;
   if (ghost.colour) {
-    paint(
-        Repeating([share, colour = *ghost.colour](Pixel under, Pixel) { return Mix(under, colour, share); }));
+    paint([share, colour = *ghost.colour](Pixel under, Pixel) { return Mix(under, colour, share); });
   } else if (share == kWhole) {
     paint([](Pixel under, Pixel over) { return Lighter(under, over); });
   } else {
-    paint(Repeating([share](Pixel under, Pixel over) { return Lighter(under, Mix(under, over, share)); }));
+    paint([share](Pixel under, Pixel over) { return Lighter(under, Mix(under, over, share)); });
   }
 }
 

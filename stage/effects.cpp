@@ -14,7 +14,7 @@ PixelRect PlaceOf(const Ghost& ghost) { return ghost.place.Cut(ghost.within); }
 
 EffectSet::EffectSet(Stage& stage) : stage_(stage), refreshes_(stage.Machine()) {}
 
-bool EffectSet::Wanted() { return !refreshes_.None() && !stage_.Machine().WantsStillness(); }
+bool EffectSet::Wanted() { return !refreshes_.Never() && !stage_.Machine().WantsStillness(); }
 
 bool EffectSet::WantedOn(Form& form) { return &form == stage_.ActiveForm() && Wanted(); }
 

@@ -65,7 +65,7 @@ void GlideSet::Beat() {
 }
 
 void GlideSet::Show() {
-  if (refreshes_.None()) return;
+  if (refreshes_.Never()) return;
   const Double since = Double((refreshes_.Last() - beat_).count()) / Double(kBeat.count());
   for (Glide* glide : glides_) glide->Show(since);
 }

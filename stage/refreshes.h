@@ -11,7 +11,7 @@ class Refreshes {
   explicit Refreshes(Platform& platform) : platform_(platform) {}
 
   /// Nobody sees anything move.
-  bool None() const { return platform_.RefreshRate() == 0; }
+  bool Never() const { return platform_.RefreshRate() == 0; }
   Moment Last() const;
   /// The next one at the latest. A machine that tells of refreshes wakes the program earlier.
   Moment Next() const;
