@@ -5,12 +5,12 @@
 #include "assets/assets.h"
 #include "core/programa.h"
 #include "stage/machine.h"
-#include "stage/sdl/sdl_platform.h"
+#include "stage/platform.h"
 
 int main() {
   try {
-    stage::sdl::SdlPlatform platform("Korvane", "korvane");
-    korvane::Programa programa(platform, korvane::Assets());
+    const auto platform = stage::MakePlatform("Korvane", "korvane");
+    korvane::Programa programa(*platform, korvane::Assets());
     programa.Corre();
     return 0;
   } catch (const std::exception& error) {

@@ -17,7 +17,7 @@ constexpr std::array<char32_t, 32> kLetras{0x20AC, 0,      0x201A, 0x0192, 0x201
                                            0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
 std::optional<unsigned char> ByteDe(char32_t letra) {
-  const auto lugar = letra == 0 ? kLetras.end() : std::ranges::find(kLetras, letra);
+  const auto lugar = letra == 0 ? kLetras.end() : std::find(kLetras.begin(), kLetras.end(), letra);
   if (lugar != kLetras.end()) return static_cast<unsigned char>(kPrimeiro + (lugar - kLetras.begin()));
   const bool mesmo = letra < kPrimeiro || (letra >= kPrimeiro + kLetras.size() && letra <= 0xFF);
   return mesmo ? std::optional(static_cast<unsigned char>(letra)) : std::nullopt;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <string_view>
 
 #include "stage/bitmap.h"
@@ -31,5 +32,8 @@ class Artist {
   /// False if the file cannot be written.
   virtual bool SavePng(const Framebuffer& picture, const std::filesystem::path& file) = 0;
 };
+
+/// The artist of the machine that the program is built for.
+std::unique_ptr<Artist> MakeArtist();
 
 }  // namespace stage

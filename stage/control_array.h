@@ -35,8 +35,8 @@ class ControlArray {
   /// Creates an element after the lowest one there is, hidden. Raises RuntimeError if it exists.
   void Load(Integer index) {
     if (Exists(index)) Refuse(index, "is loaded already");
-    const auto lowest =
-        std::ranges::find_if(elements_, [](const auto& element) { return element != nullptr; });
+    const auto lowest = std::find_if(elements_.begin(), elements_.end(),
+                                     [](const auto& element) { return element != nullptr; });
     if (lowest == elements_.end()) Refuse(index, "has no element to be made after");
     Put(index, std::make_unique<Element>(container_, **lowest));
   }

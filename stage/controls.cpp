@@ -8,7 +8,7 @@
 namespace stage {
 
 void Container::Add(Control& control) {
-  const auto above = std::ranges::find_if(layers_, [&](const Control* other) {
+  const auto above = std::find_if(layers_.begin(), layers_.end(), [&](const Control* other) {
     return control.GetLayer() == Control::Layer::kGraphical && other->GetLayer() == Control::Layer::kWindow;
   });
   layers_.insert(above, &control);
@@ -21,7 +21,7 @@ void Container::Remove(const Control& control) {
 
 void Container::PlaceAbove(Control& control, const Control& below) {
   Remove(control);
-  layers_.insert(std::next(std::ranges::find(layers_, &below)), &control);
+  layers_.insert(std::next(std::find(layers_.begin(), layers_.end(), &below)), &control);
   control.Changing();
 }
 

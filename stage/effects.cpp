@@ -105,8 +105,8 @@ void EffectSet::Paint(const Canvas& canvas) const {
 }
 
 Moment EffectSet::NextBeat() const {
-  const bool any =
-      std::ranges::any_of(running_, [](const Running& running) { return running.begin.has_value(); });
+  const bool any = std::any_of(running_.begin(), running_.end(),
+                               [](const Running& running) { return running.begin.has_value(); });
   return any ? BeatAtOrBefore(stage_.Machine().Now()) + kBeat : Moment::max();
 }
 

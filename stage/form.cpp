@@ -29,7 +29,7 @@ void Form::MoveFocus() {
     if (control->TakesFocus()) takers.push_back(control);
   }
   if (takers.empty()) return;
-  const auto now = std::ranges::find(takers, focus_);
+  const auto now = std::find(takers.begin(), takers.end(), focus_);
   SetFocus(now == takers.end() || std::next(now) == takers.end() ? *takers.front() : **std::next(now));
 }
 

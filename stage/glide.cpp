@@ -71,7 +71,8 @@ void GlideSet::Show() {
 }
 
 Moment GlideSet::NextRefresh() const {
-  return std::ranges::any_of(glides_, &Glide::UnderWay) ? refreshes_.Next() : Moment::max();
+  const auto under_way = [](const Glide* glide) { return glide->UnderWay(); };
+  return std::any_of(glides_.begin(), glides_.end(), under_way) ? refreshes_.Next() : Moment::max();
 }
 
 }  // namespace stage

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -50,7 +51,8 @@ class Platform {
   virtual void Present(std::span<const PixelRect> changed) = 0;
 
   virtual std::optional<Event> NextEvent() = 0;
-  /// Gives way until `until`, or until input comes if that wakes. The only place where the program waits.
+  /// Gives way until `until`, or until input comes if that wakes; at least once where input and frames come
+  /// at no other time. The only place where the program waits.
   virtual void Wait(Moment until, Wake wake) = 0;
 
   virtual Moment Now() = 0;
@@ -75,5 +77,9 @@ class Platform {
   virtual void Beside(std::function<void()> work) = 0;
   virtual ProgramFolders Folders() = 0;
 };
+
+/// The machine that the program is built for. `title` names the program to its player, `name` its folders.
+/// Raises std::exception if it cannot be played on.
+std::unique_ptr<Platform> MakePlatform(const char* title, const char* name);
 
 }  // namespace stage

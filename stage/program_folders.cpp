@@ -40,7 +40,7 @@ ProgramFolders FindProgramFolders(const path& program, const path& name, const p
   const auto lies_beside = [&](const path& folder) {
     return std::filesystem::exists(program / folder, error);
   };
-  if (names.empty() || std::ranges::any_of(names, lies_beside)) return {program, {}};
+  if (names.empty() || std::any_of(names.begin(), names.end(), lies_beside)) return {program, {}};
   const path own = (data_home.empty() ? machine::Nowhere() : data_home) / name;
   for (const path& folder : names) MakePrivate(own / folder);
   return {own, installed};

@@ -1,7 +1,7 @@
 // The draws behind Rnd.
 #pragma once
 
-#include <bit>
+#include <cstring>
 #include <deque>
 #include <random>
 
@@ -23,8 +23,11 @@ class Random {
   }
   /// Two that seed alike, one after the other, draw differently.
   void Randomize(Single seed) {
-    if (!fixed_)
-      generator_.seed(std::bit_cast<std::uint32_t>(seed) ^ static_cast<std::uint32_t>(generator_()));
+    if (fixed_) return;
+    std::uint32_t bits = 0;
+    static_assert(sizeof bits == sizeof seed);
+    std::memcpy(&bits, &seed, sizeof bits);
+    generator_.seed(bits ^ static_cast<std::uint32_t>(generator_()));
   }
 
   /// For repeatable play: seeds the draws for good; Randomize has no effect from then on.

@@ -1,8 +1,8 @@
 #include "stage/scalars.h"
 
 #include <array>
-#include <charconv>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
 
 namespace stage {
@@ -45,10 +45,14 @@ Double Val(std::string_view text) {
 }
 
 std::string DecimalText(Double value) {
-  std::array<char, 1100> digits{};  // the smallest fraction of a Double has 1074 of them
-  const auto end =
-      std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed);
-  return {digits.data(), end.ptr};
+  constexpr int kMostDecimals = 1074;
+  std::array<char, 1400> digits{};
+  int length = 0;
+  for (int decimals = 0; decimals <= kMostDecimals; ++decimals) {
+    length = std::snprintf(digits.data(), digits.size(), "%.*f", decimals, value);
+    if (std::strtod(digits.data(), nullptr) == value) break;
+  }
+  return {digits.data(), static_cast<std::size_t>(length)};
 }
 
 }  // namespace stage

@@ -40,7 +40,7 @@ void RequireReplaceable(const std::filesystem::path& file) {
 
 std::filesystem::path HostPath(const std::string& folder, std::string_view name) {
   std::string below(name);
-  std::ranges::replace(below, '\\', '/');
+  std::replace(below.begin(), below.end(), '\\', '/');
   return PathOf(folder + '/' + below);
 }
 
@@ -94,7 +94,7 @@ Double NumberOf(std::string_view field) {
   const std::string_view text = field.substr(0, last == std::string_view::npos ? 0 : last + 1);
   if (text.empty()) return 0;
   const std::string_view digits = text.substr(text.front() == '-' || text.front() == '+' ? 1 : 0);
-  const auto point = std::ranges::count(digits, '.');
+  const auto point = std::count(digits.begin(), digits.end(), '.');
   const bool plain = digits.find_first_not_of("0123456789.") == std::string_view::npos;
   if (!plain || point > 1 || digits.size() == std::size_t(point)) throw RuntimeError("not a number");
   const Double number = Val(text);

@@ -19,14 +19,16 @@ void TimerSet::RunDue() {
 Timer* TimerSet::Next(Moment beat) {
   while (only_ && only_->beat == beat) {
     auto& timers = only_->timers;
-    const auto free = std::ranges::find_if(timers, [](const Timer* timer) { return !timer->Ticking(); });
+    const auto free =
+        std::find_if(timers.begin(), timers.end(), [](const Timer* timer) { return !timer->Ticking(); });
     if (free == timers.end()) return nullptr;
     Timer* const timer = *free;
     timers.erase(free);
     if (timer->Enabled) return timer;
   }
-  const auto due = std::ranges::find_if(
-      timers_, [&](const Timer* timer) { return timer->Waiting() && timer->DueAt() <= beat; });
+  const auto due = std::find_if(timers_.begin(), timers_.end(), [&](const Timer* timer) {
+    return timer->Waiting() && timer->DueAt() <= beat;
+  });
   return due == timers_.end() ? nullptr : *due;
 }
 

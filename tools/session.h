@@ -1,8 +1,9 @@
 // One run of the program in virtual time, with the bot in front of it and the invariants watched.
 #pragma once
 
+#include <memory>
+
 #include "assets/assets.h"
-#include "stage/sdl/artist.h"
 #include "tools/bot.h"
 #include "tools/invariants.h"
 
@@ -18,7 +19,7 @@ struct Broken {
 
 struct Session {
   Session(const std::filesystem::path& folder, std::uint32_t seed)
-      : platform(Setup(folder), artist),
+      : platform(Setup(folder), *artist),
         programa(platform, korvane::Assets()),
         bot(programa, platform, seed) {
     programa.Palco.Draws.Fix(seed);
@@ -41,7 +42,7 @@ struct Session {
     }
   }
 
-  stage::sdl::Artist artist;
+  std::unique_ptr<stage::Artist> artist = stage::MakeArtist();
   stage::ScriptedPlatform platform;
   korvane::Programa programa;
   Bot bot;

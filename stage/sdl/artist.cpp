@@ -121,3 +121,5 @@ bool Artist::SavePng(const Framebuffer& picture, const std::filesystem::path& fi
 }
 
 }  // namespace stage::sdl
+
+std::unique_ptr<stage::Artist> stage::MakeArtist() { return std::make_unique<sdl::Artist>(); }

@@ -164,3 +164,7 @@ void SdlPlatform::TextWanted(bool wanted) { wanted ? SDL_StartTextInput() : SDL_
 std::string SdlPlatform::Clipboard() { return TakeString(SDL_GetClipboardText()); }
 
 }  // namespace stage::sdl
+
+std::unique_ptr<stage::Platform> stage::MakePlatform(const char* title, const char* name) {
+  return std::make_unique<sdl::SdlPlatform>(title, name);
+}

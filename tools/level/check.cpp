@@ -12,6 +12,11 @@ constexpr int kLongestInterval = 65535;  // ms
 /// How much lower the last series lays the blocks.
 constexpr int kLastShift = (3 * 9000 + 34) / 35;
 
+struct IsOf {
+  int type;
+  bool operator()(const Block& block) const { return block.type == type; }
+};
+
 void Refuse(bool wrong, int record, int field, const char* why) {
   if (wrong) throw korvane::LevelError(why, record, field);
 }
@@ -59,7 +64,7 @@ void CheckEnd(const std::vector<Block>& blocks) {
 
 /// Hard blocks are left out of the count only if one of them is written as exactly 20.
 void CheckHard(const std::vector<Block>& blocks, bool written) {
-  const auto hard = std::ranges::find(blocks, kHard, &Block::type);
+  const auto hard = std::find_if(blocks.begin(), blocks.end(), IsOf{kHard});
   Refuse(hard != blocks.end() && !written, hard == blocks.end() ? 0 : hard->record, 5,
          "a hard block that is not written 20 keeps the level from ending");
 }
@@ -71,12 +76,12 @@ bool Neighbours(const Block& a, const Block& b) {
 
 int HardAlone(const std::vector<Block>& blocks) {
   const auto beside = [&](const Block& block) {
-    return std::ranges::any_of(blocks, [&](const Block& other) {
+    return std::any_of(blocks.begin(), blocks.end(), [&](const Block& other) {
       return &other != &block && other.type == kHard && Neighbours(block, other);
     });
   };
-  return int(std::ranges::count_if(
-      blocks, [&](const Block& block) { return block.type == kHard && !beside(block); }));
+  return int(std::count_if(blocks.begin(), blocks.end(),
+                           [&](const Block& block) { return block.type == kHard && !beside(block); }));
 }
 
 void CheckLevel(std::string_view text, std::vector<Block>& blocks) {
@@ -121,8 +126,8 @@ Verdict Check(std::string_view text) {
     verdict.fault = Fault{error.Record, error.Field, error.what()};
   }
   verdict.blocks = int(blocks.size());
-  verdict.hard = int(std::ranges::count(blocks, kHard, &Block::type));
-  verdict.unseen = int(std::ranges::count(blocks, kUnseen, &Block::type));
+  verdict.hard = int(std::count_if(blocks.begin(), blocks.end(), IsOf{kHard}));
+  verdict.unseen = int(std::count_if(blocks.begin(), blocks.end(), IsOf{kUnseen}));
   verdict.hard_alone = HardAlone(blocks);
   return verdict;
 }

@@ -267,7 +267,8 @@ std::string SavFromMap(std::string_view text) {
   const Header header = ReadHeader(lines);
   std::vector<Block> blocks = ReadBlocks(lines, GridOf(header));
   // The game looks for hits no lower than the last record, so the lowest block closes the file.
-  std::ranges::stable_sort(blocks, {}, &Block::Bottom);
+  std::stable_sort(blocks.begin(), blocks.end(),
+                   [](const Block& a, const Block& b) { return a.Bottom() < b.Bottom(); });
   std::string sav = "pisca," + std::to_string(header.blinking_type) + ',' + std::to_string(header.blink_ms) +
                     ',' + std::to_string(header.barred) + ",0\n";
   for (const Block& block : blocks) sav += Record(block) + '\n';

@@ -28,17 +28,17 @@ class Axis {
     if (place > from_ && place < to_) cuts_.push_back(place);
   }
   void Close() {
-    std::ranges::sort(cuts_);
+    std::sort(cuts_.begin(), cuts_.end());
     cuts_.erase(std::unique(cuts_.begin(), cuts_.end()), cuts_.end());
   }
   std::size_t Cells() const { return cuts_.size() - 1; }
   /// The first cell that ends after `place`.
   std::size_t CellAfter(int place) const {
-    return std::size_t(std::ranges::upper_bound(cuts_.begin() + 1, cuts_.end(), place) - cuts_.begin() - 1);
+    return std::size_t(std::upper_bound(cuts_.begin() + 1, cuts_.end(), place) - cuts_.begin() - 1);
   }
   /// One above the last cell that begins before `place`.
   std::size_t CellsBefore(int place) const {
-    return std::size_t(std::ranges::lower_bound(cuts_.begin(), cuts_.end() - 1, place) - cuts_.begin());
+    return std::size_t(std::lower_bound(cuts_.begin(), cuts_.end() - 1, place) - cuts_.begin());
   }
 
  private:

@@ -1,15 +1,22 @@
 #include "tools/replay/json.h"
 
 #include <array>
-#include <charconv>
 #include <cstdio>
+#include <cstdlib>
 
 namespace replay {
 
 std::string Json(stage::Double value) {
+  constexpr int kMostDecimals = 16;
   std::array<char, 32> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value);
-  return {digits.data(), end.ptr};
+  int length = 0;
+  for (int decimals = 0; decimals <= kMostDecimals; ++decimals) {
+    length = std::snprintf(digits.data(), digits.size(), "%.*e", decimals, value);
+    if (std::strtod(digits.data(), nullptr) == value) break;
+  }
+  const std::string with_exponent(digits.data(), static_cast<std::size_t>(length));
+  const std::string plain = stage::DecimalText(value);
+  return with_exponent.size() < plain.size() ? with_exponent : plain;
 }
 
 std::string Json(std::string_view text) {

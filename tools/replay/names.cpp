@@ -1,6 +1,6 @@
 #include "tools/replay/names.h"
 
-#include <charconv>
+#include <cstdlib>
 #include <optional>
 #include <stdexcept>
 
@@ -98,10 +98,12 @@ std::optional<Indexed> SplitIndex(std::string_view text) {
 }  // namespace
 
 Double WordAsNumber(std::string_view word) {
-  Double value = 0;
-  const auto end = std::from_chars(word.data(), word.data() + word.size(), value);
-  if (end.ec != std::errc() || end.ptr != word.data() + word.size())
-    Refuse("not a number: " + std::string(word));
+  const std::string text(word);
+  char* end = nullptr;
+  const Double value = std::strtod(text.c_str(), &end);
+  const bool whole = end == text.c_str() + text.size();
+  if (text.find_first_not_of("+-.0123456789e") != std::string::npos || text.empty() || !whole)
+    Refuse("not a number: " + text);
   return value;
 }
 

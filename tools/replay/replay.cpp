@@ -46,7 +46,7 @@ std::int64_t Whole(const std::string& text, Double most) {
 }  // namespace
 
 Replay::Played::Played(const stage::ScriptedSetup& setup)
-    : platform(setup, artist), programa(platform, korvane::Assets()) {}
+    : platform(setup, *artist), programa(platform, korvane::Assets()) {}
 
 bool Replay::Read(Line& line) {
   std::string text;
@@ -230,7 +230,7 @@ void Replay::Picture(const std::string& file) {
   platform.Look(true);
   stage.Repaint();
   const auto canvas = platform.Canvas();
-  const bool saved = canvas && played_->artist.SavePng(*canvas, stage::PathOf(file));
+  const bool saved = canvas && played_->artist->SavePng(*canvas, stage::PathOf(file));
   platform.Look(false);
   if (!saved) throw std::runtime_error("cannot write " + file);
 }
@@ -270,7 +270,8 @@ void Replay::PrintValues(const std::string& rest) {
   const std::vector<Name> run = RunNames();
   JsonGroup values('{');
   for (const std::string& word : Words(rest)) {
-    const auto of_run = std::ranges::find(run, word, &Name::name);
+    const auto of_run =
+        std::find_if(run.begin(), run.end(), [&](const Name& name) { return name.name == word; });
     values.Add(word, of_run != run.end() ? of_run->read() : names.Find(word).read());
   }
   out_ << values.Done() << '\n';

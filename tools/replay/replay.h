@@ -5,13 +5,13 @@
 #include <cstdint>
 #include <deque>
 #include <istream>
+#include <memory>
 #include <optional>
 #include <ostream>
 #include <stdexcept>
 
 #include "core/game.h"
 #include "stage/scripted_platform.h"
-#include "stage/sdl/artist.h"
 #include "tools/replay/names.h"
 #include "tools/temp_folder.h"
 
@@ -41,7 +41,7 @@ class Replay {
   /// One program with all that it needs.
   struct Played {
     explicit Played(const stage::ScriptedSetup& setup);
-    stage::sdl::Artist artist;
+    std::unique_ptr<stage::Artist> artist = stage::MakeArtist();
     stage::ScriptedPlatform platform;
     korvane::Programa programa;
     korvane::game& Game() const { return *programa.game.Last(); }
