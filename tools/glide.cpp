@@ -43,12 +43,12 @@ class Film : public tools::SelfPlayer<Machine> {
     const Double speed = std::hypot(jogo->VelX * units.x, jogo->VelY * units.y) * scale * kStepsInSecond;
     const int paddle = static_cast<int>(jogo->User.Top * units.y * scale);
     if (const auto centre = Centre(changed, paddle)) {
-      frames_.push_back({this->Now(), *centre, speed, jogo->VelX, jogo->VelY});
+      Add({this->LastFrame().value_or(this->Now()), *centre, speed, jogo->VelX, jogo->VelY});
     }
   }
   std::optional<stage::Event> NextEvent() override {
     // What is seen of a ball that does not fly is no step.
-    if (this->Flying() == nullptr) frames_.push_back({this->Now(), {}});
+    if (this->Flying() == nullptr) Add({this->Now(), {}});
     return tools::SelfPlayer<Machine>::NextEvent();
   }
   /// Nothing but the ball is bright.
@@ -56,6 +56,13 @@ class Film : public tools::SelfPlayer<Machine> {
   const std::vector<Frame>& Frames() const { return frames_; }
 
  private:
+  /// A display that tells of its refreshes shows the last picture that was painted for each.
+  void Add(const Frame& frame) {
+    const Moment apart =
+        this->LastFrame() ? Moment(std::chrono::seconds(1)) / this->RefreshRate() / 2 : Moment();
+    if (!frames_.empty() && frame.shown < frames_.back().shown + apart) frames_.pop_back();
+    frames_.push_back(frame);
+  }
   /// The centre of what is bright in the changed pixels above the paddle; the field is black.
   std::optional<stage::PixelPlace> Centre(std::span<const stage::PixelRect> changed, int paddle) {
     const stage::Framebuffer picture = *this->Canvas();
