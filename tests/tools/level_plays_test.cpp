@@ -58,9 +58,9 @@ TEST(BrokenLimits, NameTheLevelAndWhatItDoes) {
     int number;
     LevelPlay play;
     const char* broken;
-  } cases[] = {{7, {true, 1, 24.9, 199, 4.9}, ""},
+  } cases[] = {{7, {true, 1, 29.9, 199, 4.9}, ""},
                {7, {false, 60, 24, 199, 4}, "A-7: not finished"},
-               {7, {true, 1, 25, 0, 0}, "A-7: 25.0 s without a block gone, not below 25.0"},
+               {7, {true, 1, 30, 0, 0}, "A-7: 30.0 s without a block gone, not below 30.0"},
                {38, {true, 1, 15, 0, 0}, "A-38: 15.0 s without a block gone, not below 15.0"},
                {38, {true, 1, 14.9, 200, 0}, "A-38: 200.0 hits on hard blocks, not below 200.0"},
                {7, {true, 1, 0, 0, 5}, "A-7: 5.0 s with only unseen blocks left, not below 5.0"}};
@@ -77,11 +77,11 @@ TEST(BrokenLimits, FiveLevelsAreNoEasierThanTheEasiestBeforeThem) {
     for (const stage::Double m : of_levels) plays.push_back({true, m, 0, 0, 0});
     return plays;
   };
-  EXPECT_TRUE(Broken(1, minutes({3, 2, 3, 9, 9, 2, 4, 2, 4, 9, 5, 3, 3, 3, 3})).empty());
+  EXPECT_TRUE(Broken(1, minutes({3, 2, 3, 9, 9, 1.9, 4, 2, 4, 9, 5, 3, 3, 3, 3})).empty());
   EXPECT_EQ(
-      Broken(1, minutes({3, 2, 3, 9, 9, 2, 1.5, 2, 4, 9, 5, 1.4, 3, 3, 3})),
+      Broken(1, minutes({3, 2, 3, 9, 9, 2, 1.5, 2, 4, 9, 5, 1.3, 3, 3, 3})),
       (std::vector<std::string>{"A-7: 1.5 minutes, easier than the five levels before its five (2.0)",
-                                "A-12: 1.4 minutes, easier than the five levels before its five (1.5)"}));
+                                "A-12: 1.3 minutes, easier than the five levels before its five (1.5)"}));
   // Those whose five were not played whole.
   EXPECT_TRUE(Broken(4, minutes({3, 3, 1, 1, 1, 1, 1})).empty());
 }
