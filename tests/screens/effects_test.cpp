@@ -225,33 +225,37 @@ TEST(PlayShown, AWallIsALineAtTheEdgeWhereTheBallTurned) {
 }
 
 TEST(PlayShown, OfALostBallGhostsFade) {
-  Twins twins;
-  twins.InGame([](game& jogo) {
-    jogo.User.Left = 1000;
-    Flight{4000, 8700, 0, 75}.Start(jogo);
-    jogo.paused = true;
-  });
-  twins.Pass(20);  // the ball is seen where it is
-  twins.InGame([](game& jogo) {
-    jogo.paused = false;
-    jogo.MoveBola();
-    jogo.paused = true;
-  });
-  const PixelRect paddle{67, 512, 130, 527};
-  const PixelRect icon{140, 570, 240, 590};  // of the second spare life
-  const PixelRect start{265, 522, 280, 537};
-  const PixelRect below{265, 540, 280, 560};
-  EXPECT_GT(twins.Changed(start), 50);
-  EXPECT_EQ(twins.Changed(below), 0);
-  EXPECT_GT(twins.Changed(paddle), 300);
-  EXPECT_GT(twins.Changed(icon), 300);
-  twins.Pass(150);
-  EXPECT_GT(twins.Changed(below), 20);
-  twins.Pass(185);
-  EXPECT_EQ(twins.Changed(below) + twins.Changed(start) + twins.Changed(paddle), 0);
-  EXPECT_GT(twins.Changed(icon), 300);
-  twins.Pass(100);
-  EXPECT_TRUE(twins.Nothing());
+  for (const int way : {-1, 0, 1}) {
+    SCOPED_TRACE(way);
+    Twins twins;
+    twins.InGame([way](game& jogo) {
+      jogo.User.Left = 1000;
+      Flight{4000, 8700, 75.0 * way, 75}.Start(jogo);
+      jogo.paused = true;
+    });
+    twins.Pass(20);  // the ball is seen where it is
+    twins.InGame([](game& jogo) {
+      jogo.paused = false;
+      jogo.MoveBola();
+      jogo.paused = true;
+    });
+    const auto below = [](int slant) { return PixelRect{265 + 30 * slant, 546, 280 + 30 * slant, 560}; };
+    const PixelRect paddle{67, 512, 130, 527};
+    const PixelRect icon{140, 570, 240, 590};  // of the second spare life
+    const PixelRect start{265, 522, 280, 537};
+    EXPECT_GT(twins.Changed(start), 50);
+    EXPECT_EQ(twins.Changed(below(0)) + twins.Changed(below(way)), 0);
+    EXPECT_GT(twins.Changed(paddle), 300);
+    EXPECT_GT(twins.Changed(icon), 300);
+    twins.Pass(150);
+    EXPECT_GT(twins.Changed(below(way)), 20);
+    if (way != 0) EXPECT_EQ(twins.Changed(below(-way)), 0);
+    twins.Pass(185);
+    EXPECT_EQ(twins.Changed(below(way)) + twins.Changed(start) + twins.Changed(paddle), 0);
+    EXPECT_GT(twins.Changed(icon), 300);
+    twins.Pass(100);
+    EXPECT_TRUE(twins.Nothing());
+  }
 }
 
 TEST(PlayShown, ACaughtBonusCollapsesIntoThePaddleWhichFlashes) {
