@@ -99,7 +99,7 @@ Double NumberOf(std::string_view field) {
   if (!plain || point > 1 || digits.size() == std::size_t(point)) throw RuntimeError("not a number");
   const Double number = Val(text);
   if (!std::isfinite(number)) throw RuntimeError("overflow");
-  return number + 0.0;  // a minus before zero is gone with this
+  return number + 0.0;  // turns -0 into 0
 }
 
 }  // namespace stage

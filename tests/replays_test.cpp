@@ -1,7 +1,6 @@
-// Plays every script under tests/replays and holds what it prints against the lines of the script that begin
-// with
-// "#=". "#level N RECORD..." gives the run a level of its own, in which "598*RECORD" stands for as many of
-// the same; "#file NAME TEXT" gives it any other file.
+// Plays every script under tests/replays and compares what it prints with the lines of the script that begin
+// with "#=". "#level N RECORD..." gives the run a level of its own, in which "598*RECORD" stands for that many
+// of the same; "#file NAME TEXT" gives it any other file.
 #include <gtest/gtest.h>
 
 #include <sstream>
