@@ -249,7 +249,9 @@ TEST(PlayShown, OfALostBallGhostsFade) {
     EXPECT_GT(twins.Changed(icon), 300);
     twins.Pass(150);
     EXPECT_GT(twins.Changed(below(way)), 20);
-    if (way != 0) EXPECT_EQ(twins.Changed(below(-way)), 0);
+    if (way != 0) {
+      EXPECT_EQ(twins.Changed(below(-way)), 0);
+    }
     twins.Pass(185);
     EXPECT_EQ(twins.Changed(below(way)) + twins.Changed(start) + twins.Changed(paddle), 0);
     EXPECT_GT(twins.Changed(icon), 300);
