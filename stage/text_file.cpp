@@ -41,7 +41,7 @@ void RequireReplaceable(const std::filesystem::path& file) {
 std::filesystem::path HostPath(const std::string& folder, std::string_view name) {
   std::string below(name);
   std::replace(below.begin(), below.end(), '\\', '/');
-  return PathOf(folder + '/' + below);
+  return PathOf(folder + '/' + below).make_preferred();
 }
 
 std::string ReadStart(const std::filesystem::path& file, std::size_t most) {

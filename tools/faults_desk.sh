@@ -5,6 +5,7 @@ tried=0     # all that were looked at
 endings=()  # what to do at the end, last first
 desk=       # a temporary folder
 game=       # the program's folder
+executable=korvane  # in it
 program=    # the process of the program started last
 server=     # the process of the display opened last
 
@@ -102,7 +103,7 @@ settle() {
 
 # Starts the program; the words are put before it.
 start() {
-  "$@" "$game/korvane" 2>"$desk/errors" &
+  "$@" "$game/$executable" 2>"$desk/errors" &
   program=$!
   at_end kill -KILL "$program"
 }
@@ -197,7 +198,7 @@ said() {
   [ "$lines" -ge "$1" ] && [ "$lines" -le "${2:-$1}" ]
 }
 
-only_own_files() { [ "$(cd "$game" && echo *)" = "config.ini korvane kv_his.dat levels sons" ]; }
+only_own_files() { [ "$(cd "$game" && echo *)" = "config.ini $executable kv_his.dat levels sons" ]; }
 
 # The sound server: the name of its process is in `sound`, and programs find it.
 start_sound() {

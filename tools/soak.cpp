@@ -9,6 +9,7 @@
 #include <limits>
 #include <random>
 
+#include "stage/machine.h"
 #include "tools/level_plays.h"
 #include "tools/session.h"
 #include "tools/temp_folder.h"
@@ -111,6 +112,7 @@ int PlayLevels(const tools::TempFolder& folder, std::uint32_t seed, int first, i
 int main(int count, char** arguments) {
   constexpr Double kUsualHours = 24;
   const bool levels = count > 1 && std::string(arguments[1]) == "--levels";
+  stage::machine::WriteOutputAsIs();
   const auto number = [&](int i, int otherwise) { return count > i ? std::stoi(arguments[i]) : otherwise; };
   try {
     const Double hours = count > 1 && !levels ? std::stod(arguments[1]) : kUsualHours;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "stage/path_text.h"
 #include "tests/mesa.h"
 
 namespace {
@@ -81,7 +82,8 @@ TEST(Calibration, AFileThatCannotBeWrittenHoldsForTheRun) {
   mesa.Beats(4);
   mesa.platform->FinishWorks();
   const std::string said = testing::internal::GetCapturedStderr();
-  EXPECT_EQ(said, "korvane: cannot write " + mesa.Ini().string() + "; the speed holds for this run only\n");
+  EXPECT_EQ(said,
+            "korvane: cannot write " + stage::TextOf(mesa.Ini()) + "; the speed holds for this run only\n");
   EXPECT_EQ(mesa.programa->Module1.Vkorv, 75);
 }
 

@@ -218,7 +218,7 @@ TEST_F(Store, WhatCannotBeWrittenIsSaidOnce) {
     EXPECT_EQ(LinesSaid([&] { Getrecords(modulo); }), 0U);
     modulo.RecNome(1) = "Eu";
     EXPECT_EQ(Said([&] { GravaRecords(modulo); }), "korvane: cannot write " +
-                                                       (here.Path() / test.folder_at).string() +
+                                                       stage::TextOf(here.Path() / test.folder_at) +
                                                        "; the records hold for this run only\n");
     EXPECT_EQ(modulo.RecNome(1), "Eu");
     EXPECT_TRUE(std::filesystem::is_directory(here.Path() / test.folder_at / "full"));
