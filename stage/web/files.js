@@ -1,0 +1,99 @@
+// The program's files: what it brings along lies in memory, its player's own folder is kept by the browser too.
+const Files = {
+  own: '',
+  installed: '',
+  kept: false,     // by the browser
+  writing: false,  // to where the browser keeps them
+  again: false,
+  onRefusal: () => {},
+
+  // Reads what is kept; the promise is true if the browser keeps files.
+  open(name, folders) {
+    this.own = '/home/' + name;
+    this.installed = '/usr/share/' + name;
+    FS.mkdirTree(this.own);
+    this.keepWhatIsReplaced();
+    try {
+      FS.mount(IDBFS, {}, this.own);
+    } catch (error) {
+      return Promise.resolve(false);
+    }
+    return new Promise((done) => {
+      const give = (error) => {
+        this.kept = !error;
+        for (const folder of folders) FS.mkdirTree(this.own + '/' + folder);
+        done(this.kept);
+      };
+      try {
+        FS.syncfs(true, give);
+      } catch (error) {
+        give(error);
+      }
+    });
+  },
+
+  // The program replaces a file by renaming another.
+  keepWhatIsReplaced() {
+    const rename = FS.rename;
+    FS.rename = (from, to) => {
+      rename(from, to);
+      if (to.startsWith(this.own + '/')) this.keep();
+    };
+  },
+
+  // Has the browser keep what has changed.
+  keep() {
+    if (!this.kept) return;
+    if (this.writing) {
+      this.again = true;
+      return;
+    }
+    this.writing = true;
+    FS.syncfs(false, (error) => {
+      this.writing = false;
+      if (error) {
+        this.kept = false;
+        this.onRefusal();
+      } else if (this.again) {
+        this.again = false;
+        this.keep();
+      }
+    });
+  },
+
+  names(folder) {
+    try {
+      return FS.readdir(folder).filter((name) => !name.startsWith('.')).sort();
+    } catch (error) {
+      return [];
+    }
+  },
+
+  read(file) {
+    try {
+      return FS.readFile(file);
+    } catch (error) {
+      return null;
+    }
+  },
+
+  write(file, bytes) {
+    FS.writeFile(file, bytes);
+    Voice.forget();
+    this.keep();
+  },
+
+  // All files of the player's folder, by their names below it.
+  all(below = '') {
+    return this.names(this.own + below).flatMap((name) => {
+      const file = below + '/' + name;
+      return FS.isDir(FS.stat(this.own + file).mode) ? this.all(file) : [file.slice(1)];
+    });
+  },
+
+  clear() {
+    for (const file of this.all()) FS.unlink(this.own + '/' + file);
+    Voice.forget();
+    this.keep();
+  },
+};

@@ -1,0 +1,164 @@
+// The pointer, fingers, keys and text. Events have the kinds of page.h.
+const Hand = {
+  queue: [],
+  x: 0,  // in display pixels
+  y: 0,
+  pointerShown: true,
+
+  push(event) {
+    if (Clock.stopped() && event.kind !== 6) return;
+    // Of a run of moves only the last place counts.
+    if (event.kind === 1 && this.queue.length && this.queue[this.queue.length - 1].kind === 1) this.queue.pop();
+    this.queue.push(event);
+    Clock.inputCame();
+  },
+
+  open(canvas) {
+    this.canvas = canvas;
+    window.addEventListener('mousemove', (event) => this.move(event));
+    canvas.addEventListener('mousedown', (event) => {
+      event.preventDefault();  // what has the focus keeps it
+      Typing.focus();
+      Voice.open();
+      if (event.button !== 0) return;
+      this.move(event);
+      this.push({ kind: 2 });
+    });
+    canvas.addEventListener('contextmenu', (event) => event.preventDefault());
+    this.openFingers(canvas);
+    this.openKeys();
+  },
+
+  move({ clientX, clientY }) {
+    const box = this.canvas.getBoundingClientRect();
+    this.x = ((clientX - box.left) * this.canvas.width) / box.width;
+    this.y = ((clientY - box.top) * this.canvas.height) / box.height;
+    this.push({ kind: 1, x: this.x, y: this.y });
+  },
+
+  // The first finger steers; a short touch in one place presses.
+  openFingers(canvas) {
+    const kShort = 300;  // ms
+    const kOnePlace = 12;
+    let first = null;
+    const follow = (event) => {
+      event.preventDefault();
+      const touch = first && [...event.changedTouches].find(({ identifier }) => identifier === first.identifier);
+      if (touch) this.move(touch);
+      return touch;
+    };
+    const listen = (name, what) => canvas.addEventListener(name, what, { passive: false });
+    listen('touchstart', (event) => {
+      if (!first) {
+        const [{ identifier, clientX, clientY }] = event.changedTouches;
+        first = { identifier, clientX, clientY, at: event.timeStamp };
+      }
+      follow(event);
+    });
+    listen('touchmove', follow);
+    listen('touchend', (event) => {
+      Voice.open();
+      const touch = follow(event);
+      if (!touch) return;
+      const way = Math.hypot(touch.clientX - first.clientX, touch.clientY - first.clientY);
+      if (event.timeStamp - first.at < kShort && way < kOnePlace) {
+        Typing.focus();
+        this.push({ kind: 2 });
+      }
+      first = null;
+    });
+    listen('touchcancel', () => (first = null));
+  },
+
+  // A code of the program's is the browser's own. Other keys than those that programs know have none.
+  openKeys() {
+    const kEditing = new Set([8, 9, 13, 19, 27, 35, 36, 37, 38, 39, 40, 46]);
+    const kF1 = 112;
+    const known = (code) =>
+      kEditing.has(code) || code === 32 || (code >= 48 && code <= 57) || (code >= 65 && code <= 90) ||
+      (code >= kF1 && code < kF1 + 12);
+    const heard = (kind) => (event) => {
+      const composing = event.isComposing || event.keyCode === 229;
+      if (composing || Clock.stopped() || (event.target.closest && event.target.closest('[data-keys]'))) return;
+      if (kind === 3) Voice.open();
+      const command = event.ctrlKey || event.metaKey;
+      const ours = kEditing.has(event.keyCode) || event.keyCode === kF1;
+      if ((ours && !command && !event.altKey) || (command && (event.key === 'a' || event.key === 'p')))
+        event.preventDefault();
+      const shift = (event.shiftKey ? 1 : 0) | (command ? 2 : 0) | (event.altKey ? 4 : 0);
+      this.push({ kind, code: known(event.keyCode) ? event.keyCode : 0, shift });
+    };
+    window.addEventListener('keydown', heard(3));
+    window.addEventListener('keyup', heard(4));
+  },
+
+  // A key as from the keyboard.
+  press(code, shift) {
+    this.push({ kind: 3, code, shift });
+    this.push({ kind: 4, code, shift });
+  },
+
+  showPointer(shown) {
+    this.pointerShown = !!shown;
+    this.canvas.style.cursor = shown ? 'default' : 'none';
+    if (Module.onPointer) Module.onPointer(this.pointerShown);
+  },
+};
+
+// Text comes from a field that nobody sees, so that dead keys, input methods and the keyboards of phones work. It
+// holds one blank, which a phone's keyboard takes away for a backspace.
+const Typing = {
+  field: null,
+  canvas: null,
+  wanted: false,
+
+  open(canvas, field) {
+    this.canvas = canvas;
+    this.field = field;
+    field.addEventListener('input', (event) => {
+      if (event.isComposing) return;
+      if (field.value === '') Hand.press(8, 0);
+      else if (event.inputType !== 'insertFromPaste' && event.inputType !== 'insertCompositionText')
+        this.type(field.value.replace(kBlank, ''));
+      this.clear();
+    });
+    field.addEventListener('compositionend', (event) => {
+      this.type(event.data);
+      this.clear();
+    });
+    window.addEventListener('paste', (event) => {
+      event.preventDefault();
+      this.type(event.clipboardData.getData('text/plain'));
+    });
+    window.addEventListener('focus', () => this.focus());
+    this.clear();
+    this.focus();
+  },
+
+  clear() {
+    this.field.value = kBlank;
+    this.field.setSelectionRange(1, 1);
+  },
+
+  want(wanted) {
+    this.wanted = wanted;
+    this.clear();
+    this.focus();
+  },
+
+  // On a phone the keyboard comes up with it, if a finger has just asked for something.
+  focus() {
+    const active = document.activeElement;
+    if (active && active.closest('[data-keys]')) return;
+    (this.wanted ? this.field : this.canvas).focus({ preventScroll: true });
+  },
+
+  type(text) {
+    const kMost = 1000;  // characters at once
+    const kPart = 60;    // in one event, of at most 4 bytes each
+    if (!this.wanted || !text) return;
+    const letters = [...text].slice(0, kMost);
+    for (let i = 0; i < letters.length; i += kPart) Hand.push({ kind: 5, text: letters.slice(i, i + kPart).join('') });
+  },
+};
+const kBlank = '\u00a0';
