@@ -1,5 +1,6 @@
 // The program's clock and the one place where it gives way. Both stand still while there is a reason to: nobody
-// can see the page, or the page asks its player something. Times are in milliseconds.
+// can see the page, the page asks its player something, or the browser is too busy to wake the program up. Times
+// are in milliseconds.
 const Clock = {
   rate: 60,       // frames a second
   lastFrame: -1,  // when the last frame began, by the program's clock
@@ -50,6 +51,7 @@ const Clock = {
 
   wait(until, onInput, wake) {
     const kSoon = 100;  // a longer wait is none for a frame
+    const due = Math.max(until, this.now());
     let timer = 0;
     let frame = 0;
     const wait = {
@@ -63,6 +65,7 @@ const Clock = {
         if (onInput && left < kSoon) frame = requestAnimationFrame(wait.frame);
       },
       frame: (time) => {
+        this.passOver(due);
         this.lastFrame = time - this.stoppedFor;
         wait.end();
       },
@@ -71,12 +74,21 @@ const Clock = {
         clearTimeout(timer);
         cancelAnimationFrame(frame);
         this.waiting = null;
+        this.passOver(due);
         wake();
       },
     };
     this.waiting = wait;
     if (onInput && Hand.queue.length && !this.stopped()) timer = setTimeout(wait.end, 0);
     else wait.arm();
+  },
+
+  // Forgets the time since then if it is more than a moment. The program takes the time of a ball's way for the
+  // machine's speed, and a browser that was busy meanwhile would make the ball too fast for good.
+  passOver(due) {
+    const kMoment = 32;
+    const late = this.now() - due;
+    if (late > kMoment && !this.stopped()) this.stoppedFor += late;
   },
 
   inputCame() {

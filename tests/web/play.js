@@ -190,6 +190,21 @@ const tests = {
     await game.sees(`Clock.now() > ${then + 100}`, 'time to go on');
   },
 
+  async 'a busy browser holds the clock'(visit) {
+    const game = new Game(await visit.open());
+    await game.toField();
+    await game.click(0.5);
+    const kBusy = 1000;  // ms
+    const counted = await game.evaluate(async (busy) => {
+      const before = Clock.now();
+      const end = performance.now() + busy;
+      while (performance.now() < end);
+      await new Promise((done) => setTimeout(done, 50));
+      return Clock.now() - before;
+    }, kBusy);
+    demand(counted > 0 && counted < kBusy, `${counted} ms have passed`);
+  },
+
   async 'own levels'(visit) {
     const page = await visit.open();
     const game = new Game(page);
