@@ -205,6 +205,27 @@ const tests = {
     demand(counted > 0 && counted < kBusy, `${counted} ms have passed`);
   },
 
+  async 'the menu has the keys that a phone lacks'(visit) {
+    const game = new Game(await visit.open());
+    await game.toField();
+    const choose = (id) => game.evaluate((id) => {
+      Page.openMenu();
+      Page.by(id).click();
+    }, id);
+    await choose('help');
+    await until(async () => !(await game.paddle()), 'the bonuses instead of the field');
+    await game.press('Escape', 27);
+    await until(() => game.paddle(), 'the field again');
+    await choose('jump');
+    await game.sees('Typing.wanted', 'the question for a level');
+    await game.press('Escape', 27);
+    await game.sees('!Typing.wanted', 'the field without the question');
+    await choose('leave');
+    await until(async () => !(await game.paddle()), 'the records instead of the field');
+    await choose('leave');
+    await game.sees("!Page.by('again').hidden", 'the offer of another game');
+  },
+
   async 'own levels'(visit) {
     const page = await visit.open();
     const game = new Game(page);
@@ -255,8 +276,11 @@ const tests = {
       demand(made === sum.digest('hex'), 'another sound: ' + name);
     }
     await game.click(0.5);
-    const decoded = await game.evaluate(async () => (await Promise.all(Voice.decoded.values())).filter((sound) => sound));
-    demand(decoded.length === 12, `${decoded.length} sounds can be played`);
+    const decoded = await game.evaluate(async () => {
+      const sounds = await Promise.all(Voice.decoded.values());
+      return sounds.filter((sound) => sound).length;
+    });
+    demand(decoded === 12, `${decoded} sounds can be played`);
     // Firefox lets nothing sound where there is no device.
     if (Browser.name === 'Chromium') await game.sees('Voice.started > 0', 'a sound that starts', 60000);
   },
