@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "stage/dialogs.h"
+#include "stage/path_text.h"
 #include "tests/mesa.h"
 
 namespace {
@@ -172,7 +173,7 @@ TEST(Loader, WithoutAnyLevelTheProgramEndsInOrder) {
   programa.Corre();
   const std::string line = testing::internal::GetCapturedStderr();
   EXPECT_EQ(messages, 1);
-  EXPECT_NE(line.find("levels/1.sav"), std::string::npos);
+  EXPECT_NE(line.find(stage::TextOf(std::filesystem::path("levels") / "1.sav")), std::string::npos);
   EXPECT_EQ(std::count(line.begin(), line.end(), '\n'), 1);
 }
 
