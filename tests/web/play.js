@@ -287,6 +287,21 @@ const tests = {
 };
 
 const ofChromium = {
+  async 'little moves where that is asked for'(visit) {
+    const page = await visit.open();
+    const game = new Game(page);
+    await game.toField();
+    // A ball that nobody launches calls for it.
+    const presented = () => game.evaluate(() => Picture.presented);
+    const first = await presented();
+    await until(async () => (await presented()) > first + 3, 'something that moves');
+    await page.call('Emulation.setEmulatedMedia', { features: [{ name: 'prefers-reduced-motion', value: 'reduce' }] });
+    await later(500);
+    const before = await presented();
+    await later(1500);
+    demand((await presented()) === before, 'something moves');
+  },
+
   async 'a finger steers and a tap launches'(visit) {
     const page = await visit.open(kPhone);
     const game = new Game(page);
