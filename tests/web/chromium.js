@@ -1,9 +1,9 @@
 // Chromium, driven by its DevTools protocol over two pipes.
 'use strict';
-const { spawn } = require('child_process');
 const fs = require('fs');
+const { Browser } = require('./browser.js');
 
-class Chromium {
+class Chromium extends Browser {
   // `profile` is its folder; `preferences` are put there first. `ratio` is that of display pixels.
   static async start(profile, { ratio = 1, preferences } = {}) {
     fs.mkdirSync(profile + '/Default', { recursive: true });
@@ -12,18 +12,9 @@ class Chromium {
       '--mute-audio', '--disable-component-update', '--disable-background-networking', '--disable-sync',
       '--force-color-profile=srgb', '--autoplay-policy=user-gesture-required', '--remote-debugging-pipe',
       '--accept-lang=pt-BR,pt', '--force-device-scale-factor=' + ratio, '--user-data-dir=' + profile, 'about:blank'];
-    const browser = new Chromium();
-    browser.name = 'Chromium';
-    browser.process = spawn('chromium', words, {
-      stdio: ['ignore', 'ignore', 'ignore', 'pipe', 'pipe'], detached: true, env: { ...process.env, LANGUAGE: 'pt_BR' },
+    const browser = new Chromium('Chromium', 'chromium', words, {
+      stdio: ['ignore', 'ignore', 'ignore', 'pipe', 'pipe'], env: { ...process.env, LANGUAGE: 'pt_BR' },
     });
-    browser.ended = new Promise((done) => browser.process.once('exit', done));
-    const kill = () => browser.kill();
-    process.once('exit', kill);
-    browser.ended.then(() => process.off('exit', kill));
-    browser.calls = new Map();
-    browser.pages = new Map();
-    browser.last = 0;
     browser.process.stdio[3].on('error', () => {});
     browser.listen(browser.process.stdio[4]);
     await browser.call('Target.setDiscoverTargets', { discover: true });
@@ -42,22 +33,12 @@ class Chromium {
   }
 
   hear(message) {
-    const waiting = this.calls.get(message.id);
-    if (waiting) {
-      this.calls.delete(message.id);
-      if (message.error) waiting.fail(new Error(waiting.method + ': ' + message.error.message));
-      else waiting.done(message.result);
-    } else if (this.pages.has(message.sessionId)) {
-      this.pages.get(message.sessionId).hear(message);
-    }
+    if (this.answers(message, message.error?.message)) return;
+    if (this.pages.has(message.sessionId)) this.pages.get(message.sessionId).hear(message);
   }
 
-  call(method, params = {}, sessionId = undefined) {
-    return new Promise((done, fail) => {
-      const id = ++this.last;
-      this.calls.set(id, { done, fail, method });
-      this.process.stdio[3].write(JSON.stringify({ id, method, params, sessionId }) + '\0');
-    });
+  send(text) {
+    this.process.stdio[3].write(text + '\0');
   }
 
   async open(url, look) {
@@ -70,16 +51,8 @@ class Chromium {
     return page;
   }
 
-  kill() {
-    process.kill(-this.process.pid, 'SIGKILL');
-    return this.ended;
-  }
-
-  async close() {
-    await Promise.race([this.call('Browser.close').catch(() => {}), this.ended]);
-    const late = setTimeout(() => this.kill(), 5000);
-    await this.ended;
-    clearTimeout(late);
+  close() {
+    return this.end('Browser.close');
   }
 }
 
@@ -89,7 +62,7 @@ class Page {
   }
 
   call(method, params) {
-    return this.browser.call(method, params, this.session);
+    return this.browser.call(method, params, { sessionId: this.session });
   }
 
   async prepare({ width, height, touch = false }) {

@@ -1,13 +1,13 @@
 // Firefox, driven by WebDriver BiDi. The same calls as chromium.js has, but for fingers.
 'use strict';
-const { spawn } = require('child_process');
 const fs = require('fs');
+const { Browser } = require('./browser.js');
 const { connect } = require('./socket.js');
 
 const kKeys = { Escape: '\uE00C', Enter: '\uE007' };
 const kControl = '\uE009';
 
-class Firefox {
+class Firefox extends Browser {
   // `profile` is its folder; `ratio` that of display pixels.
   static async start(profile, { ratio = 1 } = {}) {
     fs.mkdirSync(profile, { recursive: true });
@@ -16,14 +16,8 @@ class Firefox {
       'user_pref("datareporting.policy.dataSubmissionEnabled", false);', 'user_pref("app.update.enabled", false);',
       'user_pref("toolkit.telemetry.reportingpolicy.firstRun", false);',
       `user_pref("layout.css.devPixelsPerPx", "${ratio}");`, ''].join('\n'));
-    const browser = new Firefox();
-    browser.name = 'Firefox';
     const words = ['--headless', '--no-remote', '--remote-debugging-port=0', '--profile', profile];
-    browser.process = spawn('firefox-esr', words, { stdio: ['ignore', 'ignore', 'pipe'], detached: true });
-    browser.ended = new Promise((done) => browser.process.once('exit', done));
-    const kill = () => browser.kill();
-    process.once('exit', kill);
-    browser.ended.then(() => process.off('exit', kill));
+    const browser = new Firefox('Firefox', 'firefox-esr', words, { stdio: ['ignore', 'ignore', 'pipe'] });
     const port = await new Promise((done, fail) => {
       let text = '';
       browser.process.stderr.on('data', (part) => {
@@ -33,7 +27,6 @@ class Firefox {
       });
       browser.ended.then(() => fail(new Error('Firefox does not start: ' + text)));
     });
-    Object.assign(browser, { calls: new Map(), pages: new Map(), last: 0 });
     browser.socket = await connect(port, '/session', (text) => browser.hear(JSON.parse(text)));
     await browser.call('session.new', { capabilities: {} });
     await browser.call('session.subscribe', { events: ['log.entryAdded', 'network.beforeRequestSent'] });
@@ -41,23 +34,14 @@ class Firefox {
   }
 
   hear(message) {
-    const waiting = this.calls.get(message.id);
-    if (waiting) {
-      this.calls.delete(message.id);
-      if (message.type === 'error') waiting.fail(new Error(`${waiting.method}: ${message.error}: ${message.message}`));
-      else waiting.done(message.result);
-    } else if (message.method) {
-      const page = this.pages.get(message.params.context || (message.params.source || {}).context);
-      if (page) page.hear(message);
-    }
+    const fault = message.type === 'error' ? `${message.error}: ${message.message}` : '';
+    if (this.answers(message, fault) || !message.method) return;
+    const page = this.pages.get(message.params.context || (message.params.source || {}).context);
+    if (page) page.hear(message);
   }
 
-  call(method, params = {}) {
-    return new Promise((done, fail) => {
-      const id = ++this.last;
-      this.calls.set(id, { done, fail, method });
-      this.socket.send(JSON.stringify({ id, method, params }));
-    });
+  send(text) {
+    this.socket.send(text);
   }
 
   async open(url, { width, height }) {
@@ -69,16 +53,8 @@ class Firefox {
     return page;
   }
 
-  kill() {
-    process.kill(-this.process.pid, 'SIGKILL');
-    return this.ended;
-  }
-
-  async close() {
-    await Promise.race([this.call('browser.close').catch(() => {}), this.ended]);
-    const late = setTimeout(() => this.kill(), 5000);
-    await this.ended;
-    clearTimeout(late);
+  close() {
+    return this.end('browser.close');
   }
 }
 
