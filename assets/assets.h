@@ -3,7 +3,7 @@
 
 #include <span>
 
-#include "stage/picture.h"
+#include "stage/painting/picture.h"
 
 namespace korvane {
 

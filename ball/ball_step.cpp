@@ -41,15 +41,15 @@ bool game::BateParede() {
   if (ball.Left > Single(direita)) {
     VelX = -VelX;
     ball.Left = Single(direita - 1);
-    RiscaParede("right");
+    RiscaParede(Lado::Right);
   } else if (ball.Left < ball.Width) {
     VelX = -VelX;
     ball.Left = Single(ball.Width + 1);
-    RiscaParede("left");
+    RiscaParede(Lado::Left);
   } else if (ball.Top < ball.Height) {
     VelY = -VelY;
     ball.Top = Single(ball.Height + 1);
-    RiscaParede("up");
+    RiscaParede(Lado::Up);
   } else {
     return false;
   }

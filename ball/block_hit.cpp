@@ -9,7 +9,7 @@ constexpr int kBatidasAteAmolecer = 100;
 
 }  // namespace
 
-void game::hos(std::string_view Side, Integer boxindex) {
+void game::hos(Lado Side, Integer boxindex) {
   const Integer BolaAtual = Module1.BolaAtual;
   const Integer tipo = Module1.TipoBox(boxindex);
   if (tipo != kRigido || BolaAtual == 2) Module1.TipoBox(boxindex) = 0;
@@ -40,9 +40,9 @@ void game::hos(std::string_view Side, Integer boxindex) {
   if (TemRigido) passafase();
 }
 
-void game::InverteVelocidade(std::string_view Side) {
-  if (Side == "right" || Side == "left") VelX = -VelX;
-  if (Side == "up" || Side == "down") VelY = -VelY;
+void game::InverteVelocidade(Lado Side) {
+  if (Side == Lado::Right || Side == Lado::Left) VelX = -VelX;
+  if (Side == Lado::Up || Side == Lado::Down) VelY = -VelY;
 }
 
 void game::PontuaBatida(Integer tipo) {
@@ -57,7 +57,7 @@ void game::PontuaBatida(Integer tipo) {
   LabelPontos.Caption = std::to_string(Pontos);
 }
 
-void game::BateRigido(std::string_view Side, Integer boxindex) {
+void game::BateRigido(Lado Side, Integer boxindex) {
   if (Module1.BolaAtual == 2) Module1.TipoBox(boxindex) = 1;
   EncostaBola(Side, boxindex);
   BrilhaRigido(boxindex);
@@ -69,12 +69,12 @@ void game::BateRigido(std::string_view Side, Integer boxindex) {
   sound("hard.wav");
 }
 
-void game::EncostaBola(std::string_view Side, Integer boxindex) {
+void game::EncostaBola(Lado Side, Integer boxindex) {
   const stage::Image& bloco = Box(boxindex);
-  if (Side == "up") ball.Top = Single(bloco.Top - ball.Height);
-  if (Side == "down") ball.Top = Single(bloco.Height + bloco.Top);
-  if (Side == "left") ball.Left = Single(bloco.Left - ball.Width);
-  if (Side == "right") ball.Left = Single(bloco.Width + bloco.Left);
+  if (Side == Lado::Up) ball.Top = Single(bloco.Top - ball.Height);
+  if (Side == Lado::Down) ball.Top = Single(bloco.Height + bloco.Top);
+  if (Side == Lado::Left) ball.Left = Single(bloco.Left - ball.Width);
+  if (Side == Lado::Right) ball.Left = Single(bloco.Width + bloco.Left);
 }
 
 /// Hard blocks that blinking hides come back as they turn, so that they can be cleared.

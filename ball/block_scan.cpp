@@ -1,5 +1,7 @@
 // Which block the ball's next step meets, and on which side. The step is added to the leading edge only, so
 // no block is thin enough to be jumped over.
+#include <optional>
+
 #include "core/game.h"
 
 namespace korvane {
@@ -24,18 +26,18 @@ struct Alcance {
   Single passo_L, passo_T, passo_R, passo_B;
 };
 
-/// The way the ball goes back from the block; empty if it does not meet it.
-std::string_view LadoBatido(const Alcance& b, const stage::Image& bloco) {
+/// The way the ball goes back from the block, if it meets it.
+std::optional<Lado> LadoBatido(const Alcance& b, const stage::Image& bloco) {
   const Single L = bloco.Left.Get();
   const Single T = bloco.Top.Get();
   const auto R = Single(bloco.Left + bloco.Width);
   const Single B = Fundo(bloco);
 
-  if (R >= b.bL && b.bR >= L && B >= b.passo_T && b.bB >= T) return "down";
-  if (b.passo_R >= L && R >= b.bL && b.meio >= T && B >= b.bT) return "left";
-  if (R >= b.passo_L && b.bR >= L && b.meio >= T && B >= b.bT) return "right";
-  if (R >= b.bL && b.bR >= L && b.passo_B >= T && B >= b.bT) return "up";
-  return {};
+  if (R >= b.bL && b.bR >= L && B >= b.passo_T && b.bB >= T) return Lado::Down;
+  if (b.passo_R >= L && R >= b.bL && b.meio >= T && B >= b.bT) return Lado::Left;
+  if (R >= b.passo_L && b.bR >= L && b.meio >= T && B >= b.bT) return Lado::Right;
+  if (R >= b.bL && b.bR >= L && b.passo_B >= T && B >= b.bT) return Lado::Up;
+  return std::nullopt;
 }
 
 }  // namespace
@@ -47,9 +49,9 @@ void game::ProcuraBox() {
   for (int i = ProximoBox - (parado ? 0 : 1); i >= 1; --i) {
     const stage::Image& bloco = Box(i);
     if (!bloco.Visible) continue;
-    const std::string_view lado = LadoBatido(alcance, bloco);
-    if (lado.empty()) continue;
-    ResumeNext([&] { hos(lado, i); });
+    const std::optional<Lado> lado = LadoBatido(alcance, bloco);
+    if (!lado) continue;
+    ResumeNext([&] { hos(*lado, i); });
     return;
   }
 }

@@ -2,7 +2,7 @@
 // runs straight up, and the time that it takes rescales the step.
 #include "core/game.h"
 #include "screens/config.h"
-#include "stage/text_file.h"
+#include "stage/files/text_file.h"
 
 namespace korvane {
 

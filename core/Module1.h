@@ -42,6 +42,9 @@ inline constexpr int kInvisivel = 21;
 inline constexpr int kRevelado = 22;     // what an unseen block looks like once hit
 inline constexpr int kFechamento = 100;  // the carrier of the parked bonus
 
+/// Where the ball goes back to from what it hits.
+enum class Lado { Up, Down, Left, Right };
+
 inline constexpr int kRecords = 10;  // rows of the table of records
 
 struct Module1 {

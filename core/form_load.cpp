@@ -5,7 +5,7 @@
 #include "screens/FrmHelp.h"
 #include "screens/config.h"
 #include "screens/pointer.h"
-#include "stage/text_file.h"
+#include "stage/files/text_file.h"
 
 namespace korvane {
 

@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "core/programa.h"
-#include "stage/control_array.h"
-#include "stage/glide.h"
+#include "stage/forms/control_array.h"
+#include "stage/painting/glide.h"
 
 namespace korvane {
 
@@ -134,7 +134,7 @@ class game : public stage::Form {
   void Timer_Move2_Timer();
   void MoveBola();
   Long UserMeio();
-  void hos(std::string_view Side, Integer boxindex);
+  void hos(Lado Side, Integer boxindex);
   void timerDefine_Timer();
 
   // Levels.
@@ -190,10 +190,10 @@ class game : public stage::Form {
   void AvancaBola();
 
   // What a hit does.
-  void InverteVelocidade(std::string_view Side);
+  void InverteVelocidade(Lado Side);
   void PontuaBatida(Integer tipo);
-  void BateRigido(std::string_view Side, Integer boxindex);
-  void EncostaBola(std::string_view Side, Integer boxindex);
+  void BateRigido(Lado Side, Integer boxindex);
+  void EncostaBola(Lado Side, Integer boxindex);
   void AmoleceRigidos();
 
   // The paddle goes where the pointer is, and may meet the falling bonus there.
@@ -212,7 +212,7 @@ class game : public stage::Form {
   void BrilhaRigido(Integer boxindex);
   void RevelaBloco(Integer boxindex);
   void AcendeAmolecido(Integer boxindex);
-  void RiscaParede(std::string_view Side);
+  void RiscaParede(Lado parede);
   void CaiBola();
   void DeixaUser();
   void ApagaVida(Integer k);

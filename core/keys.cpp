@@ -4,7 +4,7 @@
 #include "screens/FrmHelp.h"
 #include "screens/pause.h"
 #include "screens/pointer.h"
-#include "stage/events.h"
+#include "stage/forms/events.h"
 
 namespace korvane {
 

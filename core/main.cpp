@@ -4,8 +4,8 @@
 
 #include "assets/assets.h"
 #include "core/programa.h"
-#include "stage/machine.h"
-#include "stage/platform.h"
+#include "stage/machines/machine.h"
+#include "stage/machines/platform.h"
 
 int main() {
   try {

@@ -23,9 +23,6 @@ struct Programa {
   stage::Stage Palco;
   korvane::Module1 Module1;
 
-  /// The shape of the pause screen as last made; the screen owns it.
-  std::weak_ptr<const stage::WindowRegion> RegiaoPausa;
-
   Nome<korvane::FrmAbertura> FrmAbertura{Palco, *this};
   Nome<korvane::game> game{Palco, *this};
   Nome<korvane::pause> pause{Palco, *this};

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "core/Module1.h"
-#include "stage/text_file.h"
+#include "stage/files/text_file.h"
 
 namespace korvane {
 

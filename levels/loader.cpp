@@ -3,7 +3,7 @@
 
 #include "core/game.h"
 #include "levels/level_file.h"
-#include "stage/path_text.h"
+#include "stage/files/path_text.h"
 
 namespace korvane {
 namespace {

@@ -1,7 +1,7 @@
 #include "records/FrmEntrarecord.h"
 
 #include "records/codepage.h"
-#include "stage/events.h"
+#include "stage/forms/events.h"
 
 namespace korvane {
 namespace {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/programa.h"
-#include "stage/text_box.h"
+#include "stage/forms/text_box.h"
 
 namespace korvane {
 

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "stage/events.h"
+#include "stage/forms/events.h"
 
 namespace korvane {
 namespace {

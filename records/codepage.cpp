@@ -4,7 +4,7 @@
 #include <array>
 #include <optional>
 
-#include "stage/utf8.h"
+#include "stage/files/utf8.h"
 
 namespace korvane {
 namespace {

@@ -5,8 +5,8 @@
 #include <iostream>
 
 #include "records/codepage.h"
-#include "stage/path_text.h"
-#include "stage/text_file.h"
+#include "stage/files/path_text.h"
+#include "stage/files/text_file.h"
 
 namespace korvane {
 namespace {

@@ -1,7 +1,7 @@
 #include "screens/FrmHelp.h"
 
 #include "bonus/tabela.h"
-#include "stage/events.h"
+#include "stage/forms/events.h"
 
 namespace korvane {
 namespace {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/programa.h"
-#include "stage/control_array.h"
+#include "stage/forms/control_array.h"
 
 namespace korvane {
 

@@ -4,8 +4,8 @@
 #include <memory>
 #include <vector>
 
-#include "stage/bitmap.h"
-#include "stage/window_region.h"
+#include "stage/forms/window_region.h"
+#include "stage/painting/bitmap.h"
 
 namespace korvane {
 

@@ -2,8 +2,8 @@
 
 #include <iostream>
 
-#include "stage/path_text.h"
-#include "stage/profile.h"
+#include "stage/files/path_text.h"
+#include "stage/files/profile.h"
 
 namespace korvane {
 

@@ -4,7 +4,7 @@
 
 #include "bonus/tabela.h"
 #include "core/game.h"
-#include "stage/looks.h"
+#include "stage/painting/looks.h"
 
 namespace korvane {
 namespace {
@@ -68,15 +68,15 @@ void game::AcendeUser(Integer codigo) {
 
 void game::SurgeBonusParado() { Palco.Effects().Begin(Box(ProximoBox), look::Appear({}, milliseconds(100))); }
 
-/// The ball has turned at the wall on that side, whose edge it touches.
-void game::RiscaParede(std::string_view Side) {
+/// The ball has turned at that wall, whose edge it touches.
+void game::RiscaParede(Lado parede) {
   constexpr Double kComprimento = 60 * stage::kTwipsPerPixel;
   constexpr Double kGrossura = 2 * stage::kTwipsPerPixel;
   const stage::TwipRect bola = ball.Area();
   const stage::TwipPoint meio = Meio(bola);
   stage::TwipRect risco{bola.left - kGrossura, meio.y - kComprimento / 2, kGrossura, kComprimento};
-  if (Side == "right") risco.left = bola.left + bola.width;
-  if (Side == "up") risco = {meio.x - kComprimento / 2, bola.top - kGrossura, kComprimento, kGrossura};
+  if (parede == Lado::Right) risco.left = bola.left + bola.width;
+  if (parede == Lado::Up) risco = {meio.x - kComprimento / 2, bola.top - kGrossura, kComprimento, kGrossura};
   Palco.Effects().Begin(ball, look::Line(risco, kPalido));
 }
 

@@ -1,13 +1,13 @@
 #include "screens/pause.h"
 
 #include "screens/PicDeclerations.h"
-#include "stage/events.h"
+#include "stage/forms/events.h"
 
 namespace korvane {
 
 using namespace stage::key;
 
-pause::pause(Programa& dono) : Form(dono.Palco, "pause", {0, 0, 1860, 585}), programa(dono) {
+pause::pause(Programa& dono) : Form(dono.Palco, "pause", {0, 0, 1860, 585}) {
   Picture = dono.Palco.Pictures.Named("pausa");
 }
 
@@ -16,9 +16,7 @@ void pause::Form_Load() {
   stage::Stage& Palco = OnStage();
   Top = Single(Palco.Screen.Height / 2.0 - Height / 2);
   Left = Single(Palco.Screen.Width / 2.0 - Width / 2);
-  const auto regiao = RegiaoDeBitmap(*Palco.BitmapOf(*Picture), kPreto);
-  programa.RegiaoPausa = regiao;
-  SetWindowRgn(regiao);
+  SetWindowRgn(RegiaoDeBitmap(*Palco.BitmapOf(*Picture), kPreto));
 }
 
 void pause::Form_KeyDown(Integer KeyCode, Integer) {

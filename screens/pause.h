@@ -11,9 +11,6 @@ class pause : public stage::Form {
 
   void Form_Load() override;
   void Form_KeyDown(Integer KeyCode, Integer Shift) override;
-
- private:
-  Programa& programa;
 };
 
 }  // namespace korvane

@@ -1,5 +1,5 @@
 #include "core/game.h"
-#include "stage/text_file.h"
+#include "stage/files/text_file.h"
 
 namespace korvane {
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "stage/dialogs.h"
-#include "stage/path_text.h"
-#include "stage/text_file.h"
+#include "stage/files/path_text.h"
+#include "stage/files/text_file.h"
+#include "stage/forms/dialogs.h"
 
 namespace stage {
 

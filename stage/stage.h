@@ -4,11 +4,11 @@
 #include <string>
 #include <string_view>
 
-#include "stage/effects.h"
-#include "stage/glide.h"
-#include "stage/painter.h"
-#include "stage/random.h"
-#include "stage/timer_set.h"
+#include "stage/painting/effects.h"
+#include "stage/painting/glide.h"
+#include "stage/painting/painter.h"
+#include "stage/time/random.h"
+#include "stage/time/timer_set.h"
 
 namespace stage {
 

@@ -5,8 +5,8 @@
 
 #include "assets/assets.h"
 #include "core/game.h"
-#include "stage/scripted_platform.h"
-#include "stage/sdl/artist.h"
+#include "stage/machines/scripted/scripted_platform.h"
+#include "stage/machines/sdl/artist.h"
 #include "tools/files.h"
 #include "tools/temp_folder.h"
 

@@ -1,12 +1,12 @@
 // Plays every script under tests/replays and compares what it prints with the lines of the script that begin
-// with "#=". "#level N RECORD..." gives the run a level of its own, in which "598*RECORD" stands for that many
-// of the same; "#file NAME TEXT" gives it any other file.
+// with "#=". "#level N RECORD..." gives the run a level of its own, in which "598*RECORD" stands for that
+// many of the same; "#file NAME TEXT" gives it any other file.
 #include <gtest/gtest.h>
 
 #include <sstream>
 
-#include "stage/machine.h"
-#include "stage/path_text.h"
+#include "stage/files/path_text.h"
+#include "stage/machines/machine.h"
 #include "tests/mesa.h"
 #include "tools/replay/replay.h"
 

@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "assets/assets.h"
-#include "stage/shaped_drawing.h"
+#include "stage/painting/shaped_drawing.h"
 #include "stage/stage.h"
 
 namespace tests {

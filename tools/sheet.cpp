@@ -6,8 +6,9 @@
 #include <string>
 
 #include "assets/assets.h"
-#include "stage/drawings.h"
-#include "stage/sdl/artist.h"
+#include "stage/machines/scripted/picture_file.h"
+#include "stage/machines/sdl/artist.h"
+#include "stage/painting/drawings.h"
 
 namespace {
 
@@ -42,7 +43,7 @@ class Sheet {
     left_ = Length(kGap);
     top_ += Length(44);
   }
-  bool Save(const char* file) { return artist_.SavePng({size_, pixels_.data(), size_.width}, file); }
+  bool Save(const char* file) { return SavePng({size_, pixels_.data(), size_.width}, file); }
 
  private:
   int Length(Double design) const { return static_cast<int>(std::lround(design * scale_)); }

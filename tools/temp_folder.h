@@ -6,8 +6,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "stage/machine.h"
-#include "stage/path_text.h"
+#include "stage/files/path_text.h"
+#include "stage/machines/machine.h"
 
 namespace tools {
 

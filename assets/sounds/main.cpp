@@ -5,7 +5,7 @@
 
 #include "assets/sounds/effects.h"
 #include "assets/sounds/wave.h"
-#include "stage/path_text.h"
+#include "stage/files/path_text.h"
 
 int main(int argc, char** argv) {
   if (argc != 2) {

@@ -10,7 +10,7 @@
 #include <string>
 
 #include "assets/sounds/loudness.h"
-#include "stage/path_text.h"
+#include "stage/files/path_text.h"
 
 namespace sons {
 namespace {

@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "assets/assets.h"
-#include "stage/sdl/artist.h"
-#include "stage/shaped_drawing.h"
+#include "stage/machines/sdl/artist.h"
+#include "stage/painting/shaped_drawing.h"
 
 namespace {
 

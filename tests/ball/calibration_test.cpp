@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "stage/path_text.h"
+#include "stage/files/path_text.h"
 #include "tests/mesa.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // What a tick, a level and a picture cost, beside a plain loop that tells how fast the machine is.
 #include <benchmark/benchmark.h>
 
-#include "stage/looks.h"
+#include "stage/painting/looks.h"
 #include "tests/mesa.h"
 
 namespace {

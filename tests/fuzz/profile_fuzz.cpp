@@ -1,5 +1,5 @@
 // Whatever an initialisation file holds, a value put into it reads back and every other byte stays.
-#include "stage/profile.h"
+#include "stage/files/profile.h"
 
 #include <algorithm>
 

@@ -2,10 +2,10 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "stage/path_text.h"
-#include "tests/fuzz/mutator.h"
+#include "stage/files/path_text.h"
 #include "tests/fuzz/require.h"
 #include "tools/files.h"
+#include "tools/ordeal/mutator.h"
 
 namespace fs = std::filesystem;
 
@@ -41,7 +41,7 @@ int main(int count, char** arguments) {
   }
   const std::vector<std::string> kept = RunKept(arguments[1]);
   if (kept.empty()) return 1;
-  fuzz::Mutator mutator(kept);
+  tools::Mutator mutator(kept);
   std::cerr << "made inputs, the last one in " << arguments[2] << '\n';
   for (int made = 0; made < kMade; ++made) {
     const std::string input = mutator.Next();

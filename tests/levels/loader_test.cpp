@@ -1,8 +1,8 @@
 // Reading levels, what a file that cannot be read leads to, and when a level is over.
 #include <gtest/gtest.h>
 
-#include "stage/dialogs.h"
-#include "stage/path_text.h"
+#include "stage/files/path_text.h"
+#include "stage/forms/dialogs.h"
 #include "tests/mesa.h"
 
 namespace {

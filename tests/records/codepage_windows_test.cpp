@@ -5,7 +5,7 @@
 
 #include <set>
 
-#include "stage/path_text.h"
+#include "stage/files/path_text.h"
 
 namespace {
 

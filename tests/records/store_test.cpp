@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "records/codepage.h"
-#include "stage/path_text.h"
+#include "stage/files/path_text.h"
 #include "tests/mesa.h"
 
 namespace {

@@ -112,7 +112,7 @@ TEST(PlayShown, ANormalBlockStaysBrightForTwoRefreshesAndFadesWithSparksOfItsCol
   twins.InGame([](game& jogo) {
     jogo.paused = true;
     PutBall(jogo, {199, 240, 231, 255});
-    jogo.hos("down", 1);
+    jogo.hos(Lado::Down, 1);
   });
   const PixelRect block = Block(0);
   int bright = 0;
@@ -160,7 +160,7 @@ TEST(PlayShown, BlocksThatStayAreLitWithinTheirEdges) {
       jogo.paused = true;
       jogo.BatidasRigido = it.hits_before;
       PutBall(jogo, {199, 300, 231, 315});
-      jogo.hos("down", 1);
+      jogo.hos(Lado::Down, 1);
     });
     const PixelRect lit = Block(0).Join(Block(static_cast<int>(it.blocks) - 1));
     bool ever = false;
@@ -187,7 +187,7 @@ TEST(PlayShown, AGlintLightsTheRimAlone) {
   twins.InGame([](game& jogo) {
     jogo.paused = true;
     PutBall(jogo, {199, 300, 231, 315});
-    jogo.hos("down", 1);
+    jogo.hos(Lado::Down, 1);
   });
   twins.Pass(50);
   const PixelRect block = Block(0);
@@ -440,7 +440,7 @@ TEST(PlayShown, NothingIsSeenOnceTheLevelIsGoneOrAFormLiesOverIt) {
     Twins twins(Level({1, 5}));
     twins.InGame([](game& jogo) {
       jogo.paused = true;
-      jogo.hos("down", 1);
+      jogo.hos(Lado::Down, 1);
       jogo.consedebonus(8);
     });
     EXPECT_FALSE(twins.Nothing());

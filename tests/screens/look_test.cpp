@@ -209,7 +209,6 @@ TEST(Pause, ShowsItsOwnPixelsOverTheField) {
       held.ExpectShown();
       mesa.Palco().Repaint();
       held.ExpectShown();
-      EXPECT_FALSE(mesa.programa->RegiaoPausa.expired());
       mesa.Press(80);
     };
     for (int time = 0; time < 2; ++time) {

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "assets/assets.h"
-#include "stage/control_array.h"
-#include "stage/scripted_platform.h"
-#include "stage/sdl/artist.h"
+#include "stage/forms/control_array.h"
+#include "stage/machines/scripted/scripted_platform.h"
+#include "stage/machines/sdl/artist.h"
 #include "stage/stage.h"
 
 namespace tests {

@@ -1,9 +1,9 @@
 // Effects are seen for as long as they last, over the controls, and leave nothing behind.
-#include "stage/effects.h"
+#include "stage/painting/effects.h"
 
 #include <gtest/gtest.h>
 
-#include "stage/looks.h"
+#include "stage/painting/looks.h"
 #include "tests/stage/bench.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // Controls, arrays of them, and how the pointer and the keys find them.
 #include <gtest/gtest.h>
 
-#include "stage/text_box.h"
+#include "stage/forms/text_box.h"
 #include "tests/stage/bench.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // Images that move by beats are seen on their way, jumps and held images where they are.
 #include <gtest/gtest.h>
 
-#include "stage/glide.h"
+#include "stage/painting/glide.h"
 #include "tests/stage/bench.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "stage/machine.h"
+#include "stage/machines/machine.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -9,7 +9,7 @@
 
 #include <functional>
 
-#include "stage/text_file.h"
+#include "stage/files/text_file.h"
 #include "tests/mesa.h"
 
 namespace {

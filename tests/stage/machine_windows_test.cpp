@@ -1,12 +1,12 @@
-#include "stage/machine.h"
+#include "stage/machines/machine.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>
 
 #include <thread>
 
-#include "stage/path_text.h"
-#include "stage/text_file.h"
+#include "stage/files/path_text.h"
+#include "stage/files/text_file.h"
 #include "tests/mesa.h"
 
 namespace {

@@ -3,7 +3,7 @@
 
 #include <random>
 
-#include "stage/dialogs.h"
+#include "stage/forms/dialogs.h"
 #include "tests/sight.h"
 #include "tests/stage/bench.h"
 

@@ -1,5 +1,5 @@
 // A sound that is cut off leaves softly and soon, and only the latest is heard.
-#include "stage/playback.h"
+#include "stage/machines/playback.h"
 
 #include <gtest/gtest.h>
 

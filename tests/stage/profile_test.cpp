@@ -1,4 +1,4 @@
-#include "stage/profile.h"
+#include "stage/files/profile.h"
 
 #include <gtest/gtest.h>
 

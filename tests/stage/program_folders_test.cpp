@@ -1,8 +1,8 @@
-#include "stage/program_folders.h"
+#include "stage/files/program_folders.h"
 
 #include <gtest/gtest.h>
 
-#include "stage/text_file.h"
+#include "stage/files/text_file.h"
 #include "tests/mesa.h"
 
 namespace tests {

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "stage/geometry.h"
-#include "stage/random.h"
-#include "stage/utf8.h"
+#include "stage/files/utf8.h"
+#include "stage/painting/geometry.h"
+#include "stage/time/random.h"
 
 namespace {
 

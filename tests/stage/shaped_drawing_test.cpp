@@ -1,5 +1,5 @@
 // Drawings for a shape: what is kept, what is repeated, and what becomes of texts that cannot be read.
-#include "stage/shaped_drawing.h"
+#include "stage/painting/shaped_drawing.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "stage/text_box.h"
+#include "stage/forms/text_box.h"
 
 #include <gtest/gtest.h>
 

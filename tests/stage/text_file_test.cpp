@@ -1,4 +1,4 @@
-#include "stage/text_file.h"
+#include "stage/files/text_file.h"
 
 #include <gtest/gtest.h>
 

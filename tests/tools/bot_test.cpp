@@ -1,9 +1,9 @@
-#include "tools/bot.h"
+#include "tools/ordeal/bot.h"
 
 #include <gtest/gtest.h>
 
 #include "tests/mesa.h"
-#include "tools/invariants.h"
+#include "tools/ordeal/invariants.h"
 
 namespace tests {
 namespace {

@@ -1,4 +1,4 @@
-#include "tools/level_plays.h"
+#include "tools/ordeal/level_plays.h"
 
 #include <gtest/gtest.h>
 

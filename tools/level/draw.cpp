@@ -4,9 +4,10 @@
 
 #include "assets/assets.h"
 #include "core/programa.h"
-#include "stage/path_text.h"
-#include "stage/scripted_platform.h"
-#include "stage/sdl/artist.h"
+#include "stage/files/path_text.h"
+#include "stage/machines/scripted/picture_file.h"
+#include "stage/machines/scripted/scripted_platform.h"
+#include "stage/machines/sdl/artist.h"
 #include "tools/temp_folder.h"
 
 namespace level {
@@ -53,7 +54,7 @@ void Draw(std::string_view text, const std::filesystem::path& picture, stage::Pi
   ComeToPlay(programa, platform);
   platform.Look(true);
   programa.Palco.Repaint();
-  if (!artist.SavePng(*platform.Canvas(), picture)) {
+  if (!stage::SavePng(*platform.Canvas(), picture)) {
     throw std::runtime_error("cannot write " + stage::TextOf(picture));
   }
 }

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string_view>
 
-#include "stage/geometry.h"
+#include "stage/painting/geometry.h"
 
 namespace level {
 

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "levels/level_file.h"
-#include "stage/machine.h"
-#include "stage/path_text.h"
-#include "stage/text_file.h"
+#include "stage/files/path_text.h"
+#include "stage/files/text_file.h"
+#include "stage/machines/machine.h"
 #include "tools/level/check.h"
 #include "tools/level/draw.h"
 #include "tools/level/map.h"

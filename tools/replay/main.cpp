@@ -2,8 +2,8 @@
 #include <fstream>
 #include <iostream>
 
-#include "stage/machine.h"
-#include "stage/path_text.h"
+#include "stage/files/path_text.h"
+#include "stage/machines/machine.h"
 #include "tools/replay/replay.h"
 
 int main(int count, char** arguments) {

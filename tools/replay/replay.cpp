@@ -3,8 +3,9 @@
 #include <sstream>
 
 #include "assets/assets.h"
-#include "stage/dialogs.h"
-#include "stage/path_text.h"
+#include "stage/files/path_text.h"
+#include "stage/forms/dialogs.h"
+#include "stage/machines/scripted/picture_file.h"
 #include "tools/replay/json.h"
 
 namespace replay {
@@ -230,7 +231,7 @@ void Replay::Picture(const std::string& file) {
   platform.Look(true);
   stage.Repaint();
   const auto canvas = platform.Canvas();
-  const bool saved = canvas && played_->artist->SavePng(*canvas, stage::PathOf(file));
+  const bool saved = canvas && stage::SavePng(*canvas, stage::PathOf(file));
   platform.Look(false);
   if (!saved) throw std::runtime_error("cannot write " + file);
 }

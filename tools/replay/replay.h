@@ -11,7 +11,7 @@
 #include <stdexcept>
 
 #include "core/game.h"
-#include "stage/scripted_platform.h"
+#include "stage/machines/scripted/scripted_platform.h"
 #include "tools/replay/names.h"
 #include "tools/temp_folder.h"
 

@@ -1,7 +1,0 @@
-#include "stage/sdl/quiet.h"
-
-namespace stage::sdl {
-
-void SilenceSoundLibraries() {}  // nobody complains there
-
-}  // namespace stage::sdl
