@@ -24,8 +24,14 @@ open_compositor() {
   return 1
 }
 
+# One that is busy with its own end gets five seconds for it.
 close_compositor() {
-  while kill "$compositor" 2>/dev/null; do sleep 0.1; done
+  local try
+  for ((try = 0; try < 50; try++)); do
+    kill "$compositor" 2>/dev/null || break
+    sleep 0.1
+  done
+  kill -KILL "$compositor" 2>/dev/null
   rm -rf "$XDG_RUNTIME_DIR"
   unset compositor XDG_RUNTIME_DIR WAYLAND_DISPLAY
 }

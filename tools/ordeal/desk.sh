@@ -16,6 +16,10 @@ fail() {
 
 as_root() { [ "$(id -u)" = 0 ] || fail "this needs root"; }
 
+# Process numbers come round again: only what this script itself has started may be ended.
+own() { [ "$(awk '/^PPid/ { print $2 }' "/proc/$1/status" 2>/dev/null)" = "$BASHPID" ]; }
+end_own() { own "$2" && kill "$1" "$2"; }
+
 at_end() { endings=("$(printf '%q ' "$@")" "${endings[@]}"); }
 
 clean_up() {
@@ -68,7 +72,7 @@ open_display() {
   Xvfb -displayfd 3 -screen 0 800x600x24 -nolisten tcp -ac 3>"$desk/display" 2>/dev/null &
   server=$!
   disown
-  at_end kill "$server"
+  at_end end_own -TERM "$server"
   eventually test -s "$desk/display" || fail "no display"
   DISPLAY=":$(<"$desk/display")"
   export DISPLAY
@@ -105,7 +109,7 @@ settle() {
 start() {
   "$@" "$game/$executable" 2>"$desk/errors" &
   program=$!
-  at_end kill -KILL "$program"
+  at_end end_own -KILL "$program"
 }
 
 close_help() {
@@ -145,7 +149,7 @@ leave() {
   expect "it ends in order" ended 0
 }
 
-gone() { ! kill -0 "$program"; }
+gone() { ! own "$program"; }
 
 # Whether the program ends in time, and with this status.
 ended() {
@@ -207,7 +211,7 @@ start_sound() {
     -L "module-native-protocol-unix socket=$desk/sound auth-anonymous=1" 2>/dev/null &
   sound=$!
   disown
-  at_end kill -KILL "$sound"
+  at_end end_own -KILL "$sound"
   eventually pactl info || fail "no sound server"
 }
 heard() { [ -n "$(pactl list short sink-inputs)" ]; }
