@@ -60,6 +60,15 @@ TEST(BallStep, WallsTurnTheBallOneAtATimeAndLeaveItOneUnitInside) {
   }
 }
 
+TEST(BallStep, EndsWithWhatWaits) {
+  Mesa mesa;
+  game& jogo = mesa.Jogo();
+  Flight{5000, 5000, 10, -70}.Start(jogo);
+  mesa.platform->MoveTo(3000 * 0.99375, 3000);
+  jogo.MoveBola();
+  EXPECT_NEAR(jogo.User.Left, 3000, 0.01);
+}
+
 /// A ball of exactly 200 by 250 over a paddle from 5000 to 6000.
 class OverPaddle : public testing::Test {
  protected:

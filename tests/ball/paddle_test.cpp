@@ -76,6 +76,11 @@ TEST_F(Paddle, OverItselfAddsItsOwnTwipsToItsLeftAndTestsNoBonus) {
   EXPECT_EQ(jogo.Vidas, 3);
 }
 
+TEST_F(Paddle, StopsAtTheEdgeOfTheScreen) {
+  jogo.Form_MouseMove(0, 0, -0.5F, 4000);
+  EXPECT_EQ(jogo.User.Left, 0);
+}
+
 TEST_F(Paddle, StaysWhereItIsOverTheBallAndItsIndicator) {
   const Double left = jogo.User.Left;
   mesa.PointAt(jogo.ball.Left + 100, jogo.ball.Top + 100);

@@ -51,6 +51,8 @@ TEST(Loader, ReadsFieldsWhereverTheLinesEnd) {
     EXPECT_EQ(table.mesa.programa->Module1.TipoBox(2), 100);
     EXPECT_FALSE(table.jogo.Box(2).Visible);
     EXPECT_FALSE(table.jogo.Box(2).Stretch);
+    table.jogo.clearall();
+    for (const int i : {1, 2}) EXPECT_EQ(table.mesa.programa->Module1.TipoBox(i), 0);
   }
 }
 
