@@ -216,7 +216,10 @@ TEST(PlayShown, AWallIsALineAtTheEdgeWhereTheBallTurned) {
     EXPECT_NEAR(seen.top, it.line.top, 1);
     EXPECT_EQ(seen.Width(), it.line.Width());
     EXPECT_EQ(seen.Height(), it.line.Height());
-    EXPECT_GT(Least(twins.At(seen.left, seen.top)), 100);
+    const Pixel pale = twins.At(seen.left, seen.top);
+    EXPECT_GT(Red(pale), 100);
+    EXPECT_GT(Green(pale), Red(pale));
+    EXPECT_GT(Blue(pale), Green(pale));
     twins.Pass(60);
     EXPECT_LT(Least(twins.At(seen.left, seen.top)), 100);
     twins.Pass(75);
