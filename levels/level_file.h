@@ -29,8 +29,8 @@ class LevelRecord {
   int Number() const { return number_; }
   bool IsRule() const { return fields_[0] == "pisca"; }
 
-  /// Numbers of a block: whole numbers, cut down. Each raises LevelError if its field does not hold one that
-  /// fits 16 bits.
+  /// Numbers of a block, rounded down to whole ones. Each raises LevelError if its field does not hold one
+  /// that fits 16 bits.
   Integer Top() const { return Whole(1); }
   Integer Left() const { return Whole(2); }
   Integer Height() const { return Whole(3); }

@@ -55,7 +55,7 @@ void game::AcendeVida(Integer k) {
   Palco.Effects().Begin(life(k), look::Glow(life(k), kBranco, milliseconds(300)));
 }
 
-/// The bonus is no more worth anything when the code is -1.
+/// A bonus whose code is -1 is worth nothing any more.
 void game::EngoleBonus() {
   if (BonusCaindo > 0) Palco.Effects().Begin(Image1, look::Collapse(Imgbonus, Image1));
 }
