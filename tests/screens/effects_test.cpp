@@ -288,6 +288,7 @@ TEST(PlayShown, ACaughtBonusCollapsesIntoThePaddleWhichFlashes) {
     EXPECT_NEAR(seen.top, 476, 6) << it.code;
     twins.Pass(100);
     EXPECT_GT(twins.Seen().top, 485) << it.code;
+    EXPECT_NEAR(twins.Seen().left, seen.left, 20) << it.code;
     const int x = static_cast<int>((twins.Jogo().User.Left + 300) * 0.99375 / 15);
     const Pixel lit = twins.At(x, 523);
     const Pixel usual = twins.StillAt(x, 523);

@@ -1,6 +1,7 @@
 // Painting only what has changed must give the same picture as painting everything.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <random>
 
 #include "stage/forms/dialogs.h"
@@ -129,6 +130,29 @@ TEST(Painting, ATextTooLongIsWrittenSmallerOnTheLineOfItsRow) {
       EXPECT_EQ(SeenIn(pixels, width, width / 2, width), std::pair(6, line)) << scale;
     }
   }
+}
+
+TEST(Painting, ShowsAllOfAPictureThatIsTooLargeToBeDrawnAtItsSize) {
+  constexpr int kStrips = 8;
+  const auto strips = [](Double scale) {
+    Bench bench({.scale = scale});
+    bench.platform.Look(true);
+    const auto form = std::make_shared<NotingForm>(bench.theatre);
+    const Image image(*form, {0, 0, 12000, 9000}, bench.theatre.Pictures.Named("titulo"), true);
+    bench.theatre.Show(form, kModeless);
+    const std::vector<Pixel> pixels = bench.Pixels();
+    const int width = bench.platform.DisplaySize().width;
+    std::array<Double, kStrips> bright{};
+    for (std::size_t i = 0; i < pixels.size(); ++i) {
+      const int strip = int(i) % width * kStrips / width;
+      bright[std::size_t(strip)] += Double(pixels[i] >> 8 & 255U) / Double(pixels.size()) * kStrips;
+    }
+    return bright;
+  };
+  const auto drawn = strips(1);
+  const auto enlarged = strips(3.6);
+  ASSERT_GT(std::ranges::max(drawn) - std::ranges::min(drawn), 8);
+  for (std::size_t i = 0; i < kStrips; ++i) EXPECT_NEAR(drawn[i], enlarged[i], 2) << i;
 }
 
 TEST(Painting, BringsALostPictureBackWithBlackBesideTheScreen) {
