@@ -6,7 +6,7 @@ open_compositor() {
   local as_nobody=() try
   install_missing sway >&2
   XDG_RUNTIME_DIR=$(mktemp -d)
-  printf '%s\n' "xwayland disable" "output X11-1 mode --custom $1@60Hz" "output X11-1 scale $2" >"$XDG_RUNTIME_DIR/config"
+  printf '%s\n' "xwayland disable" "output X11-1 mode --custom $1" "output X11-1 scale $2" >"$XDG_RUNTIME_DIR/config"
   if [ "$(id -u)" = 0 ]; then
     chown nobody "$XDG_RUNTIME_DIR"
     as_nobody=(setpriv --reuid=nobody --regid=nogroup --clear-groups)

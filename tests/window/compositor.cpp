@@ -27,7 +27,7 @@ std::filesystem::path Configured(const std::filesystem::path& folder, const Desk
                                  const std::string& scale) {
   const auto [width, height] = desktop.Size();
   std::ofstream(folder / "config") << "xwayland disable\noutput X11-1 mode --custom " << width << 'x'
-                                   << height << "@60Hz\noutput X11-1 scale " << scale << '\n';
+                                   << height << "\noutput X11-1 scale " << scale << '\n';
   return folder;
 }
 

@@ -16,6 +16,8 @@ struct Desk {
   std::unique_ptr<Screen> screen;
   std::unique_ptr<Line> line;
   std::unique_ptr<Mouse> mouse;
+  /// What Wayland still tells SDL of while the window goes; has to be there until it is gone. Null elsewhere.
+  std::shared_ptr<const void> globals{};
 };
 
 /// Tells SDL, before it looks for a display, which kind is wanted.

@@ -39,7 +39,7 @@ Desk WaylandDesk(SDL_Window* window, wl_display* display, wl_surface* surface) {
   const auto globals = std::make_shared<WaylandGlobals>(display);
   auto screen = std::make_unique<WaylandScreen>(window, surface, globals);
   auto mouse = std::make_unique<WaylandMouse>(window, surface, globals, *screen);
-  return {std::move(screen), std::make_unique<WaylandLine>(display), std::move(mouse)};
+  return {std::move(screen), std::make_unique<WaylandLine>(display), std::move(mouse), globals};
 }
 
 }  // namespace

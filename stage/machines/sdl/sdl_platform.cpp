@@ -51,6 +51,7 @@ SdlPlatform::SdlPlatform(const char* title, const char* name)
                                  flags | WindowFlags()));
   if (!window_) throw Refusal("no window on this display");
   desk_ = DeskFor(window_.get());
+  outlives_window_ = desk_.globals;
   voice_.emplace();
 }
 

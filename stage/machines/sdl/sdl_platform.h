@@ -65,6 +65,7 @@ class SdlPlatform : public Platform {
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   ProgramFolders folders_;
   Session session_;
+  std::shared_ptr<const void> outlives_window_;
   std::unique_ptr<SDL_Window, DestroyWindow> window_;
   Desk desk_;
   Artist artist_;
