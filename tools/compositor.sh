@@ -24,9 +24,10 @@ open_compositor() {
   return 1
 }
 
-# One that is busy with its own end gets five seconds for it.
+# Closes the one that is open, if any is. One that is busy with its own end gets five seconds for it.
 close_compositor() {
   local try
+  [ -n "${compositor-}" ] || return 0
   for ((try = 0; try < 50; try++)); do
     kill "$compositor" 2>/dev/null || break
     sleep 0.1
