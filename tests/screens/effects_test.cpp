@@ -67,6 +67,18 @@ class Twins {
     return seen;
   }
   bool Nothing() { return Seen().Empty(); }
+  /// The strongest colour of any pixel in the rectangle.
+  int Brightest(const PixelRect& rect) {
+    int brightest = 0;
+    for (int y = rect.top; y < rect.bottom; ++y) {
+      for (int x = rect.left; x < rect.right; ++x) {
+        const Pixel pixel = At(x, y);
+        for (const unsigned shift : {0U, 8U, 16U})
+          brightest = std::max(brightest, static_cast<int>(pixel >> shift & 255U));
+      }
+    }
+    return brightest;
+  }
   Pixel At(int x, int y) { return Pictures().first.Row(y)[x]; }
   Pixel StillAt(int x, int y) { return Pictures().second.Row(y)[x]; }
   /// Of the pixels in the rectangle so many are changed.
@@ -250,6 +262,7 @@ TEST(PlayShown, OfALostBallGhostsFade) {
     EXPECT_EQ(twins.Changed(below(0)) + twins.Changed(below(way)), 0);
     EXPECT_GT(twins.Changed(paddle), 300);
     EXPECT_GT(twins.Changed(icon), 300);
+    EXPECT_LT(twins.Brightest(start), 210);  // of the ball itself 255
     twins.Pass(150);
     EXPECT_GT(twins.Changed(below(way)), 20);
     if (way != 0) {
@@ -414,6 +427,7 @@ TEST(PlayShown, ABallThatIsNotLaunchedCallsForItInTheFirstGameAlone) {
       EXPECT_LT(seen.bottom, 500);
       EXPECT_GT(seen.top, 440);
       EXPECT_LT(seen.Width(), 22);
+      EXPECT_LT(twins.Brightest(seen), 130);
     }
     return seen_it;
   };

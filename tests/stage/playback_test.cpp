@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <span>
 #include <vector>
 
 namespace {
@@ -43,6 +44,17 @@ TEST(Playback, ACutLeavesWithinFiveMillisecondsWithoutAStep) {
   EXPECT_GT(after[kThreeMs], 1000);
   EXPECT_EQ(Samples(after.begin() + kFiveMs, after.end()),
             Samples(after.end() - (after.begin() + kFiveMs), 100));
+}
+
+TEST(Playback, OfASoundThatEndsThereIsNoMoreToLeave) {
+  const Samples loud(1000, 20000);
+  const std::span<const std::int16_t> half(loud.data(), 500);
+  const Samples silence(1000, 0);
+  stage::Playback playback;
+  playback.Start(half);
+  Heard(playback, 490);
+  playback.Start(silence);
+  EXPECT_EQ(Heard(playback, 11).back(), 0);
 }
 
 TEST(Playback, OfTwoAtOnceOnlyTheLaterIsHeard) {
