@@ -1,4 +1,4 @@
-#include "tools/level/map.h"
+#include "oficina/desenho/map.h"
 
 #include <algorithm>
 #include <array>
@@ -6,11 +6,10 @@
 #include <optional>
 #include <set>
 #include <system_error>
+#include <utility>
 #include <vector>
 
-#include "tools/level/block.h"
-
-namespace level {
+namespace desenho {
 namespace {
 
 // What a level file may hold, in design units.
@@ -26,8 +25,7 @@ constexpr std::size_t kLongestName = 60;
 constexpr int kMostColumns = 95;
 constexpr int kShortestStep = 120;
 constexpr int kLongestStep = 3000;
-constexpr int kSoonestBlink = 500;  // ms; anything quicker than the game allows
-constexpr int kLatestBlink = 60000;
+constexpr int kLatestBlink = 60000;  // ms
 
 struct Point {
   int x = 0;
@@ -36,9 +34,7 @@ struct Point {
 
 struct Header {
   std::string name;
-  int barred = 0;
-  int blinking_type = 0;
-  int blink_ms = kSoonestBlink;
+  Regra rule;
   Point cell{490, 260};
   int gap = 10;
   std::optional<int> columns;
@@ -134,12 +130,12 @@ void ReadHeaderLine(std::string_view key, std::string_view value, const Lines& l
   if (key == "name") {
     header.name = Name(value, lines);
   } else if (key == "barred") {
-    header.barred = BarredBonus(value, lines);
+    header.rule.barrado = BarredBonus(value, lines);
   } else if (key == "blink") {
     const auto [mark, period] = TwoWords(value, lines);
     if (mark.size() != 1) lines.Fail("one character tells which blocks blink");
-    header.blinking_type = TypeOf(mark.front(), lines);
-    header.blink_ms = WholeNumber(period, kSoonestBlink, kLatestBlink, lines);
+    header.rule.pisca = TypeOf(mark.front(), lines);
+    header.rule.intervalo = WholeNumber(period, Regra::kMenorIntervalo, kLatestBlink, lines);
   } else if (key == "cell") {
     const auto [across, down] = TwoWords(value, lines);
     header.cell.x = WholeNumber(across, kShortestStep, kLongestStep, lines);
@@ -251,28 +247,21 @@ std::vector<Block> ReadBlocks(Lines& lines, const Grid& grid) {
   return blocks;
 }
 
-std::string Record(const Block& block) {
-  return std::to_string(block.top) + ',' + std::to_string(block.left) + ',' + std::to_string(block.height) +
-         ',' + std::to_string(block.width) + ',' + std::to_string(block.type);
-}
-
 }  // namespace
 
 MapError::MapError(std::size_t line, const std::string& why)
     : std::runtime_error("line " + std::to_string(line) + ": " + why) {}
 
-std::string SavFromMap(std::string_view text) {
+Mapa LeMapa(std::string_view text) {
   Lines lines(text);
   if (text.size() > kMostBytes) lines.Fail("the map is longer than " + std::to_string(kMostBytes) + " bytes");
   const Header header = ReadHeader(lines);
   std::vector<Block> blocks = ReadBlocks(lines, GridOf(header));
-  // The game looks for hits no lower than the last record, so the lowest block closes the file.
   std::stable_sort(blocks.begin(), blocks.end(),
                    [](const Block& a, const Block& b) { return a.Bottom() < b.Bottom(); });
-  std::string sav = "pisca," + std::to_string(header.blinking_type) + ',' + std::to_string(header.blink_ms) +
-                    ',' + std::to_string(header.barred) + ",0\n";
-  for (const Block& block : blocks) sav += Record(block) + '\n';
-  return sav;
+  return {header.name, {header.rule, std::move(blocks)}};
 }
 
-}  // namespace level
+std::string SavFromMap(std::string_view text) { return SavDe(LeMapa(text).desenho); }
+
+}  // namespace desenho
