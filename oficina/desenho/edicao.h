@@ -66,10 +66,10 @@ std::vector<Block> Escolhidos(const Desenho& desenho, const Escolha& escolha);
 /// they would be too many.
 std::optional<Feito> Poe(const Desenho& desenho, const std::vector<Block>& blocos, Ponto passo = {});
 
-/// Adds a straight row of blocks like `modelo`, whose own place does not count: the first at the corner `de`,
-/// the others at its side or above or below it, whichever way `ate` is further, an ordinary gap between them,
-/// as far as they begin before `ate`. Places where something stands, or that lead out of the field, stay
-/// empty. None if there would be too many.
+/// Adds a straight row of blocks like `modelo`, whose own place does not count, an ordinary gap between them:
+/// the first with its corner at `de`, then on to the one that `ate` points at, along the way on which that is
+/// more blocks off. Places where something stands, or that lead out of the field, stay empty. None if there
+/// would be too many blocks.
 std::optional<Feito> Pinta(const Desenho& desenho, const Block& modelo, Ponto de, Ponto ate);
 
 /// Moves the chosen blocks together, or less far where that would lead one out of the field.

@@ -13,9 +13,9 @@ namespace desenho {
 /// Every valid drawing fits.
 inline constexpr std::size_t kMaiorEndereco = 8192;
 
-/// The drawing, exactly, in letters, digits, '-' and '_': a character for the version, the drawing, four for
-/// a checksum. At most kMaiorEndereco bytes; rows of a usual level take one or two a block. None if the
-/// drawing is not valid.
+/// The drawing, exactly, in letters, digits, '-' and '_': a character for the version, the drawing, four
+/// characters for a checksum. At most kMaiorEndereco bytes; a level of the game takes about three a block.
+/// None if the drawing is not valid.
 std::optional<std::string> EnderecoDe(const Desenho& desenho);
 
 /// The drawing, which is valid, of an address that EnderecoDe gave; none for any other text.

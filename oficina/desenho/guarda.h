@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "oficina/desenho/desenho.h"
 #include "stage/files/program_folders.h"
@@ -50,8 +51,8 @@ class Guarda {
   void EsqueceRascunho();
 
  private:
+  std::filesystem::path Pasta() const;
   std::filesystem::path ArquivoDoRascunho() const;
-  void GuardaAntigo(const std::filesystem::path& arquivo, std::string_view novo) const;
 
   stage::ProgramFolders pastas_;
   /// What this run wrote, by file.

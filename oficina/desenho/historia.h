@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 #include "oficina/desenho/desenho.h"
@@ -36,17 +37,17 @@ class Historia {
     std::size_t onde = 0;
     std::size_t quantos = 0;
     std::vector<Block> novos;
+    int gesto = 0;
   };
 
-  static Troca Entre(const Desenho& de, const Desenho& para);
+  static Troca Entre(const Desenho& de, const Desenho& para, int gesto);
   /// Does `troca` to the present and gives the one that takes it back.
-  Troca Aplica(Troca troca);
+  Troca Aplica(const Troca& troca);
   bool Passa(std::vector<Troca>& de, std::vector<Troca>& para);
 
   Desenho agora_;
   std::vector<Troca> feitos_;
   std::vector<Troca> desfeitos_;
-  int gesto_ = 0;
 };
 
 }  // namespace desenho

@@ -9,22 +9,13 @@
 #include <utility>
 #include <vector>
 
+#include "oficina/desenho/map_grammar.h"
+
 namespace desenho {
 namespace {
 
-// What a level file may hold, in design units.
-constexpr int kFieldLeft = 260;
-constexpr int kFieldRight = 11740;
-constexpr int kFieldTop = 500;
-constexpr int kFieldBottom = 6300;         // leaves room above the paddle once the fourth series lowers it
 constexpr std::size_t kMostBytes = 65536;  // of map text
-
-constexpr std::string_view kPlainTypes = "abcdefghijklmnopqrs";
-
 constexpr std::size_t kLongestName = 60;
-constexpr int kMostColumns = 95;
-constexpr int kShortestStep = 120;
-constexpr int kLongestStep = 3000;
 constexpr int kLatestBlink = 60000;  // ms
 
 struct Point {
@@ -87,12 +78,9 @@ class Lines {
 };
 
 int TypeOf(char mark, const Lines& lines) {
-  if (mark == '#') return kHard;
-  if (mark == '?') return kUnseen;
-  if (mark == 'v') return kPaleOlive;
-  const std::size_t plain = kPlainTypes.find(mark);
-  if (plain == std::string_view::npos) lines.Fail("no block is drawn as '" + std::string(1, mark) + "'");
-  return static_cast<int>(plain) + 1;
+  const std::size_t place = kMarks.find(mark);
+  if (place == std::string_view::npos) lines.Fail("no block is drawn as '" + std::string(1, mark) + "'");
+  return int(place) + 1;
 }
 
 int WholeNumber(std::string_view word, int least, int most, const Lines& lines) {
@@ -146,7 +134,7 @@ void ReadHeaderLine(std::string_view key, std::string_view value, const Lines& l
     header.columns = WholeNumber(value, 1, kMostColumns, lines);
   } else if (key == "origin") {
     const auto [x, y] = TwoWords(value, lines);
-    header.origin = Point{WholeNumber(x, 0, kFieldRight, lines), WholeNumber(y, 0, kFieldBottom, lines)};
+    header.origin = Point{WholeNumber(x, 0, kMapRight, lines), WholeNumber(y, 0, kMapBottom, lines)};
   } else {
     lines.Fail("unknown header '" + std::string(key) + "'");
   }
@@ -172,8 +160,8 @@ Header ReadHeader(Lines& lines) {
 
 Grid GridOf(const Header& header) {
   const Point cell = header.cell;
-  const int columns = header.columns.value_or(std::min(kMostColumns, (kFieldRight - kFieldLeft) / cell.x));
-  const int centred = (kFieldLeft + kFieldRight - columns * cell.x) / 2;
+  const int columns = header.columns.value_or(ColumnsFrom(kMapLeft, cell.x));
+  const int centred = (kMapLeft + kMapRight - columns * cell.x) / 2;
   return {header.origin.value_or(Point{centred, 760}), cell, header.gap, columns};
 }
 
@@ -203,8 +191,8 @@ Block BlockOf(const Run& run, Point corner, const Grid& grid, const Lines& lines
                     .height = grid.cell.y - grid.gap,
                     .width = run.cells * grid.cell.x - grid.gap,
                     .type = run.mark == '|' ? 0 : TypeOf(run.mark, lines)};
-  if (block.left < kFieldLeft || block.Right() > kFieldRight || block.top < kFieldTop ||
-      block.Bottom() > kFieldBottom) {
+  if (block.left < kMapLeft || block.Right() > kMapRight || block.top < kMapTop ||
+      block.Bottom() > kMapBottom) {
     lines.Fail("a block leaves the field");
   }
   return block;
