@@ -3,7 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/oficina/fases.h"
+
 namespace {
+
+using desenho::Desenho;
+using tests::Tijolo;
 
 const std::string kHead = "name: Test\nmap:\n";
 
@@ -39,6 +44,74 @@ TEST(Map, TellsTheLineThatIsWrong) {
       EXPECT_TRUE(std::string(error.what()).starts_with(why)) << error.what() << " for " << map;
     }
   }
+}
+
+TEST(Map, OfEachLevelMakesItAgain) {
+  for (int number = 1; number <= tests::kFases; ++number) {
+    const Desenho level = desenho::LeDesenho(tests::Fase(number)).desenho;
+    const auto map = desenho::MapaDe(level, "Any name");
+    ASSERT_TRUE(map) << number;
+    EXPECT_EQ(desenho::SavFromMap(*map), tests::Fase(number));
+    EXPECT_EQ(desenho::LeMapa(*map).nome, "Any name");
+  }
+}
+
+TEST(Map, IsFoundForWhateverAMapDraws) {
+  const std::string maps[] = {
+      "a",
+      ">a",
+      "a\n>b",
+      ">a\nb",
+      "a--\n|--\n.v#",
+      ">a.?-\n>|..\n>|.b\n...c",
+      "\n\n\n...a\n\n\n>....b--c",
+      "a.b\n|.|\n|.|",
+  };
+  const std::string headers[] = {"",
+                                 "gap: 0\n",
+                                 "gap: 60\n",
+                                 "gap: 7\ncell: 123 457\n",
+                                 "cell: 365 275\norigin: 261 700\n",
+                                 "cell: 1200 300\norigin: 0 500\n",
+                                 "barred: 10\nblink: b 60000\n"};
+  for (const std::string& map : maps) {
+    for (const std::string& header : headers) {
+      const std::string text = "name: Test\n" + header + "map:\n" + map + '\n';
+      SCOPED_TRACE(text);
+      if (header.ends_with("0 500\n") && map != ">a") continue;
+      const Desenho drawn = desenho::LeMapa(text).desenho;
+      const auto again = desenho::MapaDe(drawn, "Test");
+      ASSERT_TRUE(again);
+      EXPECT_EQ(desenho::SavFromMap(*again), SavDe(drawn)) << *again;
+    }
+  }
+}
+
+TEST(Map, IsNoneWhereNoGridHoldsTheBlocks) {
+  struct Case {
+    Desenho desenho;
+    std::string name = "Test";
+  };
+  const Case cases[] = {
+      {{}},
+      {{{}, {{760, 370, 250, 480, desenho::kHard}}}},
+      {{{}, {Tijolo(370, 765), Tijolo(600, 765)}}},
+      {{{}, {Tijolo(370, 765), Tijolo(370, 765)}}},
+      {{{}, {Tijolo(370, 765), Tijolo(861, 766)}}},
+      {{{}, {Tijolo(370, 765), {1025, 370, 251, 480, 1}}}},
+      {{{}, {Tijolo(259, 765)}}},
+      {{{}, {Tijolo(370, 499)}}},
+      {{{}, {Tijolo(370, 6051)}}},
+      {{{}, {{760, 370, 59, 480, 1}}}},
+      {{{1, 60001, 0}, {Tijolo(370, 765)}}},
+      {{{}, {Tijolo(370, 765)}}, ""},
+      {{{}, {Tijolo(370, 765)}}, " Test"},
+      {{{}, {Tijolo(370, 765)}}, std::string(61, 'a')},
+      {{{}, {Tijolo(370, 765)}}, "Test\nbarred: 4"},
+  };
+  for (const Case& test : cases)
+    EXPECT_EQ(desenho::MapaDe(test.desenho, test.name), std::nullopt) << SavDe(test.desenho) << test.name;
+  EXPECT_TRUE(desenho::MapaDe({{0, 60001, 0}, {Tijolo(370, 6050)}}, std::string(60, 'a')));
 }
 
 }  // namespace
