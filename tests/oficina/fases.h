@@ -1,10 +1,9 @@
-// The levels of the game, as drawings to try things on.
+// Levels and blocks to try things on.
 #pragma once
 
 #include <string>
-#include <vector>
 
-#include "oficina/desenho/desenho.h"
+#include "oficina/desenho/block.h"
 #include "tools/files.h"
 
 namespace tests {
@@ -14,12 +13,6 @@ inline constexpr int kFases = 40;
 /// The text of a level file of the game, from 1 on.
 inline std::string Fase(int numero) {
   return tools::ReadFile(std::string(KORVANE_SOURCE) + "/assets/levels/" + std::to_string(numero) + ".sav");
-}
-
-inline std::vector<desenho::Desenho> Fases() {
-  std::vector<desenho::Desenho> fases;
-  for (int numero = 1; numero <= kFases; ++numero) fases.push_back(desenho::LeDesenho(Fase(numero)).desenho);
-  return fases;
 }
 
 /// A brick of the first type at a place.
