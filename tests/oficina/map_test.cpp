@@ -1,0 +1,106 @@
+// The maps that levels are drawn in.
+#include "oficina/desenho/map.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/oficina/fases.h"
+
+namespace {
+
+using desenho::Desenho;
+using tests::Tijolo;
+
+const std::string kHead = "name: Test\nmap:\n";
+
+TEST(Map, LaysTheLowestBlockLastAndTheRuleFirst) {
+  EXPECT_EQ(desenho::SavFromMap("name: Test\ncell: 1000 300\ncolumns: 4\norigin: 1000 1000\ngap: 20\n"
+                                "barred: 7\nblink: c 1200\nmap:\na-.#\n|-?\n>..c\n"),
+            "pisca,3,1200,7,0\n"
+            "1010,4010,280,980,20\n"
+            "1010,1010,580,1980,1\n"
+            "1310,3010,280,980,21\n"
+            "1610,3510,280,980,3\n");
+}
+
+TEST(Map, TellsTheLineThatIsWrong) {
+  const std::pair<std::string, const char*> cases[] = {
+      {"", "line 1: "},
+      {"name: x\n", "line 1: the line 'map:' is missing"},
+      {"map:\na\n", "line 1: the level has no name"},
+      {"name: x\nname: y\n" + kHead, "line 2: 'name' was given before"},
+      {"colour: red\n" + kHead, "line 1: unknown header"},
+      {"barred: 9\n" + kHead, "line 1: there is no bonus 9"},
+      {"cell: 100 260\n" + kHead, "line 1: '100' is not a whole number from 120 to 3000"},
+      {kHead + "..\nz\n", "line 4: no block is drawn as 'z'"},
+      {kHead + ".-\n", "line 3: '-' has no block on its left"},
+      {kHead + "a\n.|\n", "line 4: '|' has no block of its own width above"},
+      {kHead + "##\n", "line 3: the level needs a block"},
+      {kHead + std::string(24, 'a') + "\n", "line 3: the row is wider than 23 columns"}};
+  for (const auto& [map, why] : cases) {
+    try {
+      desenho::SavFromMap(map);
+      ADD_FAILURE() << map;
+    } catch (const desenho::MapError& error) {
+      EXPECT_TRUE(std::string(error.what()).starts_with(why)) << error.what() << " for " << map;
+    }
+  }
+}
+
+TEST(Map, IsDrawnInBricksWhereItCanBe) {
+  EXPECT_EQ(
+      desenho::MapaDe({{4, 1200, 7}, {{765, 370, 510, 970, 4}, Tijolo(1840, 1025), Tijolo(615, 1285)}},
+                      "Test"),
+      "name: Test\nbarred: 7\nblink: d 1200\ncell: 490 260\ngap: 10\ncolumns: 23\norigin: 365 760\nmap:\n"
+      "d-\n|-.a\n>a\n");
+}
+
+TEST(Map, OfEachLevelMakesItAgain) {
+  for (int number = 1; number <= tests::kFases; ++number) {
+    const Desenho level = desenho::LeDesenho(tests::Fase(number)).desenho;
+    const auto map = desenho::MapaDe(level, "Any name");
+    ASSERT_TRUE(map) << number;
+    EXPECT_EQ(desenho::SavFromMap(*map), tests::Fase(number));
+    EXPECT_EQ(desenho::LeMapa(*map).nome, "Any name");
+  }
+}
+
+TEST(Map, IsFoundForWhateverAMapDraws) {
+  const std::string texts[] = {"map:\na--\n|--\n.v#",
+                               "map:\n>a\nb",
+                               "gap: 60\nmap:\n>a.?-\n>|..\n>|.b\n...c",
+                               "gap: 7\ncell: 123 457\nbarred: 10\nmap:\na\n>b",
+                               "gap: 0\ncell: 365 275\nmap:\n\n>..a\n\n....b--c",
+                               "cell: 1200 300\norigin: 0 500\nmap:\n>a.b\n.c"};
+  for (const std::string& text : texts) {
+    SCOPED_TRACE(text);
+    const Desenho drawn = desenho::LeMapa("name: Test\n" + text).desenho;
+    const auto again = desenho::MapaDe(drawn, "Test");
+    ASSERT_TRUE(again);
+    EXPECT_EQ(desenho::SavFromMap(*again), SavDe(drawn)) << *again;
+  }
+}
+
+TEST(Map, IsNoneWhereNoGridHoldsTheBlocks) {
+  struct Case {
+    Desenho desenho;
+    std::string name = "Test";
+  };
+  const Case cases[] = {
+      {{}},
+      {{{}, {{760, 370, 250, 480, desenho::kHard}}}},
+      {{{}, {Tijolo(370, 765), Tijolo(600, 765)}}},
+      {{{}, {Tijolo(370, 765), Tijolo(370, 765)}}},
+      {{{}, {Tijolo(370, 765), {1025, 370, 251, 480, 1}}}},
+      {{{}, {Tijolo(259, 765)}}},
+      {{{}, {Tijolo(370, 6051)}}},
+      {{{1, 60001, 0}, {Tijolo(370, 765)}}},
+      {{{}, {Tijolo(370, 765)}}, ""},
+      {{{}, {Tijolo(370, 765)}}, " Test"},
+      {{{}, {Tijolo(370, 765)}}, "Test\nbarred: 4"},
+  };
+  for (const Case& test : cases)
+    EXPECT_EQ(desenho::MapaDe(test.desenho, test.name), std::nullopt) << SavDe(test.desenho) << test.name;
+  EXPECT_TRUE(desenho::MapaDe({{0, 60001, 0}, {Tijolo(370, 6050)}}, std::string(60, 'a')));
+}
+
+}  // namespace
