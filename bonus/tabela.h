@@ -34,27 +34,27 @@ using Faixas = std::array<Faixa, 3>;
 
 /// The row of the help screen: places and size in twips of its picture box.
 struct Legenda {
-  int linha;  // from 1, downward
-  Double topo_imagem;
-  Double topo_texto;
-  Double largura;
-  const char* texto;
+  int linha = 0;  // from 1, downward
+  Double topo_imagem = 0;
+  Double topo_texto = 0;
+  Double largura = 0;
+  const char* texto = "";
 };
 
 struct Bonus {
   /// Also the number of its pictures, ImagePower and ImageBonusParado.
-  int codigo;
+  int codigo = kNenhum;
   /// The numbers that draw it.
   Faixas caindo;
   Faixas parado;
   /// What it is drawn as in series B to D, kNenhum for nothing.
-  int depois_da_a;
+  int depois_da_a = kNenhum;
   /// What comes of it as play stands; it may be another, or none.
-  int (*vem)(const game& jogo, Sorteio sorteio);
+  int (*vem)(const game& jogo, Sorteio sorteio) = nullptr;
   /// What it does once caught or hit.
-  void (*faz)(game& jogo);
+  void (*faz)(game& jogo) = nullptr;
   /// The player had better not catch it.
-  bool ruim;
+  bool ruim = false;
   Legenda legenda;
 
   constexpr const Faixas& Numeros(Sorteio sorteio) const {
