@@ -58,6 +58,7 @@ void Stage::Sleep(std::chrono::milliseconds time) { platform_.Wait(platform_.Now
 
 void Stage::Show(const std::shared_ptr<Form>& form, Modality modality) {
   effects_.Clear();
+  keeper_.reset();
   std::erase(forms_, form);
   forms_.push_back(form);
   form->shown_ = true;
@@ -75,6 +76,7 @@ void Stage::Show(const std::shared_ptr<Form>& form, Modality modality) {
 void Stage::Unload(Form& form) {
   if (!form.loaded_) return;
   effects_.Clear();
+  if (keeper_.lock().get() == &form) keeper_.reset();
   form.Form_Unload();
   form.loaded_ = false;
   form.shown_ = false;
