@@ -8,8 +8,8 @@
 
 #include "assets/sounds/effects.h"
 #include "levels/level_file.h"
-#include "tools/level/check.h"
-#include "tools/level/map.h"
+#include "oficina/desenho/check.h"
+#include "oficina/desenho/map.h"
 
 namespace {
 
@@ -22,13 +22,13 @@ int MakeSounds(const std::filesystem::path& folder) {
 }
 
 int Check(const char* level) {
-  const level::Verdict verdict = level::Check(korvane::LevelText(level));
+  const desenho::Verdict verdict = desenho::Check(korvane::LevelText(level));
   std::cout << verdict.Text() << std::endl;
   return verdict.fault ? kBad : 0;
 }
 
 int Make(const char* map, const char* level) {
-  std::ofstream(level, std::ios::binary) << level::SavFromMap(korvane::LevelText(map));
+  std::ofstream(level, std::ios::binary) << desenho::SavFromMap(korvane::LevelText(map));
   return 0;
 }
 

@@ -1,138 +1,15 @@
-// The level checker, the drawer, and the maps that levels are drawn in.
+// The drawer of levels.
+#include "tools/level/draw.h"
+
 #include <gtest/gtest.h>
 
 #include "tests/mesa.h"
-#include "tools/level/check.h"
-#include "tools/level/draw.h"
-#include "tools/level/map.h"
-#include "tools/level/reach.h"
 
 namespace {
 
 using namespace tests;
 
-std::string Times(int count, const std::string& record) {
-  std::string text;
-  for (int i = 0; i < count; ++i) text += record;
-  return text;
-}
-
-struct Case {
-  std::string text;
-  const char* verdict;  // its beginning
-};
-
 const std::string kBlock = "600,3000,250,480,5\n";
-/// Hard walls all round a place 2000 wide, but for what the test leaves out.
-const std::string kWalls = "1000,3000,250,3000,20\n1250,3000,2000,250,20\n1250,5750,2000,250,20\n";
-const std::string kFloor = "3250,3000,250,3000,20\n";
-
-const Case kCases[] = {
-    {kBlock, "ok: 1 blocks, 0 hard, 0 unseen"},
-    {"pisca,5,800,10,0\n600,3000,250,480,20\n600,5000,250,480,21\n" + kBlock,
-     "ok: 3 blocks, 1 hard, 1 unseen"},
-    {"", "ok: 0 blocks"},
-    {"pisca,5,65535,8,0\n" + kBlock, "ok: 1 blocks"},
-    {Times(598, kBlock), "ok: 598 blocks"},
-    {"600,3000,250,480,20\n", "ok: 1 blocks, 1 hard"},
-    {kWalls + "2000,4200,250,480,5\n2900,4200,250,480,5\n", "record 2, field 1: below the last block"},
-    {kWalls + "2000,4200,250,480,5\n3250,3000,250,500,20\n", "ok: 5 blocks, 4 hard"},
-    // As the reader tells it.
-    {kBlock + "600,3000,250", "record 2, field 4: the file ends inside the record"},
-    {kBlock + "\n", "record 2, field 2: the file ends inside the record"},
-    {kBlock + "600,x,250,480,5\n", "record 2, field 2: "},
-    {"pisca,5,800,none,0\n", "record 1, field 4: "},
-    {"600,3000,250,480,40000\n", "record 1, field 5: "},
-    {"600,3000,40000,480,5\n", "record 1, field 3: "},
-    {"Pisca,5,800,0,0\n", "record 1, field 1: "},
-    // What the reader lets pass and a level must not hold.
-    {"pisca,5,65536,0,0\n" + kBlock, "record 1, field 3: the interval is above 65535"},
-    {"pisca,23,800,0,0\n" + kBlock, "record 1, field 2: no such type"},
-    {"pisca,0,800,9,0\n" + kBlock, "record 1, field 4: no such bonus"},
-    {kBlock + "600,5000,250,480,0\n", "record 2, field 5: no such type"},
-    {kBlock + "600,5000,250,480,23\n", "record 2, field 5: no such type"},
-    {kBlock + "600,5000,250,480,22.4\n", "ok: 2 blocks"},
-    {kBlock + "600,5000,250,480,22.6\n", "record 2, field 5: no such type"},
-    {"-1,3000,250,480,5\n", "record 1, field 1: above the field"},
-    {"600,-1,250,480,5\n", "record 1, field 2: left of the field"},
-    {"600,11521,250,480,5\n", "record 1, field 2: right of the field"},
-    {"600,11520,250,480,5\n", "ok: 1 blocks"},
-    {"600,3000,0,480,5\n", "record 1, field 3: the block has no height"},
-    {"600,3000,250,0,5\n", "record 1, field 4: the block has no width"},
-    // Series D lays it 771.4 lower, and the ball rests on the paddle at 8274.9.
-    {"7252,3000,250,480,5\n", "ok: 1 blocks"},
-    {"7260,3000,250,480,5\n", "record 1, field 1: too low"},
-    {"900,3000,250,480,3\n600,3000,250,480,5\n", "record 1, field 1: below the last block"},
-    {Times(599, kBlock), "record 599: more than 598 blocks"},
-    // Hard by its type, yet the level does not count as one with hard blocks.
-    {"600,3000,250,480,20.4\n" + kBlock, "record 1, field 5: a hard block that is not written 20"},
-    {"600,3000,250,480,20.4\n600,5000,250,480,20\n" + kBlock, "ok: 3 blocks, 2 hard"},
-    // A way in that is narrower than the ball is none.
-    {kWalls + "2000,4200,250,480,5\n" + kFloor, "record 4: the ball cannot reach the block"},
-    {kWalls + "2000,4200,250,480,5\n3250,3000,250,2500,20\n", "ok: 5 blocks"},
-    {kWalls + "2000,4200,250,480,5\n3250,3000,250,2510,20\n", "record 4: the ball cannot reach the block"},
-    // Other blocks are ways in themselves.
-    {kWalls + "2000,4200,250,480,5\n3250,3250,250,2500,5\n", "ok: 5 blocks"},
-    // Nor is one that the upper wall leaves.
-    {"200,3000,250,480,5\n480,2000,250,2500,20\n", "record 1: the ball cannot reach the block"},
-    {"510,3000,250,480,5\n770,2900,250,480,20\n", "ok: 2 blocks"}};
-
-TEST(LevelTool, NamesTheRecordAndTheFieldThatAreWrong) {
-  for (const Case& test : kCases) {
-    const std::string verdict = level::Check(test.text).Text();
-    EXPECT_TRUE(verdict.starts_with(test.verdict))
-        << test.text.substr(0, 120) << "expected " << test.verdict << "\ngot " << verdict;
-  }
-}
-
-TEST(LevelTool, TakesTheBallAsLargeAsItEverIs) {
-  Mesa mesa({{"levels/1.sav", kQuietLevel}}, {.screen = stage::ScreenFor({5, 4})});
-  mesa.Beats(1);
-  const game& jogo = mesa.Jogo();
-  const Double across = 12000 / mesa.Palco().Screen.Width;
-  using Room = level::Room;
-  const std::pair<int, Double> sizes[] = {{Room::kBallWidth, jogo.ball.Width * across},
-                                          {Room::kBallHeight, Double(jogo.ball.Height)}};
-  for (const auto& [taken, real] : sizes) {
-    EXPECT_GE(taken, real);
-    EXPECT_LE(taken, real + 2);
-  }
-  EXPECT_EQ(Room::kLowest, stage::Int(jogo.ball.Top));
-}
-
-TEST(LevelTool, CountsTheHardBlocksThatStandAlone) {
-  const std::string hard = "600,3000,250,480,20\n";
-  const auto alone = [&](const std::string& text) {
-    return level::Check(text + "7000,0,250,480,5\n").hard_alone;
-  };
-  EXPECT_EQ(alone(hard), 1);
-  EXPECT_EQ(alone(hard + "600,3540,250,480,20\n"), 0);
-  EXPECT_EQ(alone(hard + "600,3541,250,480,20\n"), 2);
-  EXPECT_EQ(alone(hard + "910,2460,250,480,20\n"), 0);
-  EXPECT_EQ(alone(hard + "911,3000,250,480,20\n"), 2);
-  EXPECT_EQ(alone(hard + "600,3490,250,480,5\n"), 1);
-}
-
-TEST(LevelTool, FindsNothingWrongWithTheLevelsOfTheGame) {
-  int levels = 0;
-  int with_hard_alone = 0;
-  for (const auto& entry :
-       std::filesystem::directory_iterator(std::string(KORVANE_SOURCE) + "/assets/levels")) {
-    if (entry.path().extension() != ".sav") continue;
-    ++levels;
-    const std::string text = ReadFile(entry.path());
-    const level::Verdict verdict = level::Check(text);
-    EXPECT_EQ(verdict.fault ? verdict.Text() : "", "") << entry.path();
-    EXPECT_FALSE(text.starts_with("pisca,21,"))
-        << entry.path() << " ends in the dark: unseen blocks that blink";
-    with_hard_alone += verdict.hard_alone > 0 ? 1 : 0;
-    auto map = entry.path().parent_path() / "maps" / entry.path().stem();
-    map += ".txt";
-    EXPECT_EQ(level::SavFromMap(ReadFile(map)), text) << entry.path();
-  }
-  EXPECT_EQ(levels, 40);
-  EXPECT_LE(with_hard_alone, 5);
-}
 
 TEST(LevelTool, DrawsTheLevelAtTheSizeAskedFor) {
   const tools::TempFolder folder;
@@ -152,42 +29,6 @@ TEST(LevelTool, DrawsTheLevelAtTheSizeAskedFor) {
   EXPECT_THROW(level::Draw("600,3000", folder.Path() / "none.png", {800, 600}), std::runtime_error);
   EXPECT_FALSE(std::filesystem::exists(folder.Path() / "none.png"));
   EXPECT_THROW(level::Draw(kBlock, folder.Path() / "no" / "folder.png", {800, 600}), std::runtime_error);
-}
-
-const std::string kHead = "name: Test\nmap:\n";
-
-TEST(LevelMap, LaysTheLowestBlockLastAndTheRuleFirst) {
-  EXPECT_EQ(level::SavFromMap("name: Test\ncell: 1000 300\ncolumns: 4\norigin: 1000 1000\ngap: 20\n"
-                              "barred: 7\nblink: c 1200\nmap:\na-.#\n|-?\n>..c\n"),
-            "pisca,3,1200,7,0\n"
-            "1010,4010,280,980,20\n"
-            "1010,1010,580,1980,1\n"
-            "1310,3010,280,980,21\n"
-            "1610,3510,280,980,3\n");
-}
-
-TEST(LevelMap, TellsTheLineThatIsWrong) {
-  const std::pair<std::string, const char*> cases[] = {
-      {"", "line 1: "},
-      {"name: x\n", "line 1: the line 'map:' is missing"},
-      {"map:\na\n", "line 1: the level has no name"},
-      {"name: x\nname: y\n" + kHead, "line 2: 'name' was given before"},
-      {"colour: red\n" + kHead, "line 1: unknown header"},
-      {"barred: 9\n" + kHead, "line 1: there is no bonus 9"},
-      {"cell: 100 260\n" + kHead, "line 1: '100' is not a whole number from 120 to 3000"},
-      {kHead + "..\nz\n", "line 4: no block is drawn as 'z'"},
-      {kHead + ".-\n", "line 3: '-' has no block on its left"},
-      {kHead + "a\n.|\n", "line 4: '|' has no block of its own width above"},
-      {kHead + "##\n", "line 3: the level needs a block"},
-      {kHead + std::string(24, 'a') + "\n", "line 3: the row is wider than 23 columns"}};
-  for (const auto& [map, why] : cases) {
-    try {
-      level::SavFromMap(map);
-      ADD_FAILURE() << map;
-    } catch (const level::MapError& error) {
-      EXPECT_TRUE(std::string(error.what()).starts_with(why)) << error.what() << " for " << map;
-    }
-  }
 }
 
 }  // namespace

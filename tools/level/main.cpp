@@ -9,9 +9,9 @@
 #include "stage/files/path_text.h"
 #include "stage/files/text_file.h"
 #include "stage/machines/machine.h"
-#include "tools/level/check.h"
+#include "oficina/desenho/check.h"
 #include "tools/level/draw.h"
-#include "tools/level/map.h"
+#include "oficina/desenho/map.h"
 
 namespace {
 
@@ -32,7 +32,7 @@ int CheckAll(const Words& files) {
   for (const std::string& file : files) {
     std::string bad;
     try {
-      const level::Verdict verdict = level::Check(korvane::LevelText(stage::PathOf(file)));
+      const desenho::Verdict verdict = desenho::Check(korvane::LevelText(stage::PathOf(file)));
       if (!verdict.fault) {
         std::cout << verdict.Text() << '\n';
         continue;
@@ -67,14 +67,14 @@ int Draw(const Words& words) {
   const auto display = sized ? SizeOf(words[3]) : stage::PixelSize{800, 600};
   if (!display) return Usage();
   const std::string text = korvane::LevelText(stage::PathOf(words[0]));
-  if (const auto fault = level::Check(text).fault) std::cerr << words[0] << ": " << fault->Text() << '\n';
+  if (const auto fault = desenho::Check(text).fault) std::cerr << words[0] << ": " << fault->Text() << '\n';
   level::Draw(text, stage::PathOf(words[1]), *display);
   return 0;
 }
 
 int Make(const Words& words) {
   if (words.size() > 2) return Usage();
-  const std::string level = level::SavFromMap(korvane::LevelText(stage::PathOf(words[0])));
+  const std::string level = desenho::SavFromMap(korvane::LevelText(stage::PathOf(words[0])));
   if (words.size() == 2) {
     stage::WriteWhole(stage::PathOf(words[1]), level);
     return 0;

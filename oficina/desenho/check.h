@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace level {
+namespace desenho {
 
 /// Records and fields count from 1; a field of 0 is the whole record, a record of 0 the whole file.
 struct Fault {
@@ -34,4 +34,4 @@ struct Verdict {
 /// `text` is the content of a level file.
 Verdict Check(std::string_view text);
 
-}  // namespace level
+}  // namespace desenho

@@ -1,4 +1,4 @@
-// Turns a level drawn in a text editor into the records of a level file.
+// Levels drawn in a text editor.
 //
 // A map is a few header lines, a line "map:", then the grid with one character per cell:
 //
@@ -16,11 +16,14 @@
 // to the right.
 #pragma once
 
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 
-namespace level {
+#include "oficina/desenho/desenho.h"
+
+namespace desenho {
 
 /// A fault in a map; what() reads "line N: why", with lines counted from 1.
 class MapError : public std::runtime_error {
@@ -28,9 +31,22 @@ class MapError : public std::runtime_error {
   MapError(std::size_t line, const std::string& why);
 };
 
-/// The level as the text of a .sav file: one record a line, each line ended, the lowest block last. Raises
-/// MapError on an unknown or repeated header, a value out of range, an unknown character in the grid, a block
-/// outside the field, no block that a plain ball can remove, or too many blocks.
+struct Mapa {
+  std::string nome;
+  Desenho desenho;
+};
+
+/// The level that a map draws, the lowest block last. Raises MapError on an unknown or repeated header, a
+/// value out of range, an unknown character in the grid, a block outside the field, no block that a plain
+/// ball can remove, or too many blocks.
+Mapa LeMapa(std::string_view text);
+
+/// The same as the text of a .sav file: one record a line, each line ended.
 std::string SavFromMap(std::string_view text);
 
-}  // namespace level
+/// The map of a valid drawing: LeMapa gives the same blocks and, where a type blinks, the same rule. None if
+/// no single grid holds them, if one lies where a map reaches no more, or if `nome` cannot be the name of a
+/// map.
+std::optional<std::string> MapaDe(const Desenho& desenho, std::string_view nome);
+
+}  // namespace desenho

@@ -1,4 +1,4 @@
-#include "tools/level/map.h"
+#include "oficina/desenho/map.h"
 
 #include <algorithm>
 #include <array>
@@ -6,28 +6,17 @@
 #include <optional>
 #include <set>
 #include <system_error>
+#include <utility>
 #include <vector>
 
-#include "tools/level/block.h"
+#include "oficina/desenho/map_grammar.h"
 
-namespace level {
+namespace desenho {
 namespace {
 
-// What a level file may hold, in design units.
-constexpr int kFieldLeft = 260;
-constexpr int kFieldRight = 11740;
-constexpr int kFieldTop = 500;
-constexpr int kFieldBottom = 6300;         // leaves room above the paddle once the fourth series lowers it
 constexpr std::size_t kMostBytes = 65536;  // of map text
-
-constexpr std::string_view kPlainTypes = "abcdefghijklmnopqrs";
-
 constexpr std::size_t kLongestName = 60;
-constexpr int kMostColumns = 95;
-constexpr int kShortestStep = 120;
-constexpr int kLongestStep = 3000;
-constexpr int kSoonestBlink = 500;  // ms; anything quicker than the game allows
-constexpr int kLatestBlink = 60000;
+constexpr int kLatestBlink = 60000;  // ms
 
 struct Point {
   int x = 0;
@@ -36,9 +25,7 @@ struct Point {
 
 struct Header {
   std::string name;
-  int barred = 0;
-  int blinking_type = 0;
-  int blink_ms = kSoonestBlink;
+  Regra rule;
   Point cell{490, 260};
   int gap = 10;
   std::optional<int> columns;
@@ -91,12 +78,9 @@ class Lines {
 };
 
 int TypeOf(char mark, const Lines& lines) {
-  if (mark == '#') return kHard;
-  if (mark == '?') return kUnseen;
-  if (mark == 'v') return kPaleOlive;
-  const std::size_t plain = kPlainTypes.find(mark);
-  if (plain == std::string_view::npos) lines.Fail("no block is drawn as '" + std::string(1, mark) + "'");
-  return static_cast<int>(plain) + 1;
+  const std::size_t place = kMarks.find(mark);
+  if (place == std::string_view::npos) lines.Fail("no block is drawn as '" + std::string(1, mark) + "'");
+  return int(place) + 1;
 }
 
 int WholeNumber(std::string_view word, int least, int most, const Lines& lines) {
@@ -134,12 +118,12 @@ void ReadHeaderLine(std::string_view key, std::string_view value, const Lines& l
   if (key == "name") {
     header.name = Name(value, lines);
   } else if (key == "barred") {
-    header.barred = BarredBonus(value, lines);
+    header.rule.barrado = BarredBonus(value, lines);
   } else if (key == "blink") {
     const auto [mark, period] = TwoWords(value, lines);
     if (mark.size() != 1) lines.Fail("one character tells which blocks blink");
-    header.blinking_type = TypeOf(mark.front(), lines);
-    header.blink_ms = WholeNumber(period, kSoonestBlink, kLatestBlink, lines);
+    header.rule.pisca = TypeOf(mark.front(), lines);
+    header.rule.intervalo = WholeNumber(period, Regra::kMenorIntervalo, kLatestBlink, lines);
   } else if (key == "cell") {
     const auto [across, down] = TwoWords(value, lines);
     header.cell.x = WholeNumber(across, kShortestStep, kLongestStep, lines);
@@ -150,7 +134,7 @@ void ReadHeaderLine(std::string_view key, std::string_view value, const Lines& l
     header.columns = WholeNumber(value, 1, kMostColumns, lines);
   } else if (key == "origin") {
     const auto [x, y] = TwoWords(value, lines);
-    header.origin = Point{WholeNumber(x, 0, kFieldRight, lines), WholeNumber(y, 0, kFieldBottom, lines)};
+    header.origin = Point{WholeNumber(x, 0, kMapRight, lines), WholeNumber(y, 0, kMapBottom, lines)};
   } else {
     lines.Fail("unknown header '" + std::string(key) + "'");
   }
@@ -176,8 +160,8 @@ Header ReadHeader(Lines& lines) {
 
 Grid GridOf(const Header& header) {
   const Point cell = header.cell;
-  const int columns = header.columns.value_or(std::min(kMostColumns, (kFieldRight - kFieldLeft) / cell.x));
-  const int centred = (kFieldLeft + kFieldRight - columns * cell.x) / 2;
+  const int columns = header.columns.value_or(ColumnsFrom(kMapLeft, cell.x));
+  const int centred = (kMapLeft + kMapRight - columns * cell.x) / 2;
   return {header.origin.value_or(Point{centred, 760}), cell, header.gap, columns};
 }
 
@@ -207,8 +191,8 @@ Block BlockOf(const Run& run, Point corner, const Grid& grid, const Lines& lines
                     .height = grid.cell.y - grid.gap,
                     .width = run.cells * grid.cell.x - grid.gap,
                     .type = run.mark == '|' ? 0 : TypeOf(run.mark, lines)};
-  if (block.left < kFieldLeft || block.Right() > kFieldRight || block.top < kFieldTop ||
-      block.Bottom() > kFieldBottom) {
+  if (block.left < kMapLeft || block.Right() > kMapRight || block.top < kMapTop ||
+      block.Bottom() > kMapBottom) {
     lines.Fail("a block leaves the field");
   }
   return block;
@@ -251,28 +235,21 @@ std::vector<Block> ReadBlocks(Lines& lines, const Grid& grid) {
   return blocks;
 }
 
-std::string Record(const Block& block) {
-  return std::to_string(block.top) + ',' + std::to_string(block.left) + ',' + std::to_string(block.height) +
-         ',' + std::to_string(block.width) + ',' + std::to_string(block.type);
-}
-
 }  // namespace
 
 MapError::MapError(std::size_t line, const std::string& why)
     : std::runtime_error("line " + std::to_string(line) + ": " + why) {}
 
-std::string SavFromMap(std::string_view text) {
+Mapa LeMapa(std::string_view text) {
   Lines lines(text);
   if (text.size() > kMostBytes) lines.Fail("the map is longer than " + std::to_string(kMostBytes) + " bytes");
   const Header header = ReadHeader(lines);
   std::vector<Block> blocks = ReadBlocks(lines, GridOf(header));
-  // The game looks for hits no lower than the last record, so the lowest block closes the file.
   std::stable_sort(blocks.begin(), blocks.end(),
                    [](const Block& a, const Block& b) { return a.Bottom() < b.Bottom(); });
-  std::string sav = "pisca," + std::to_string(header.blinking_type) + ',' + std::to_string(header.blink_ms) +
-                    ',' + std::to_string(header.barred) + ",0\n";
-  for (const Block& block : blocks) sav += Record(block) + '\n';
-  return sav;
+  return {header.name, {header.rule, std::move(blocks)}};
 }
 
-}  // namespace level
+std::string SavFromMap(std::string_view text) { return SavDe(LeMapa(text).desenho); }
+
+}  // namespace desenho

@@ -1,16 +1,15 @@
-#include "tools/level/reach.h"
+#include "oficina/desenho/reach.h"
 
 #include <algorithm>
-#include <cstddef>
 
-namespace level {
+namespace desenho {
 namespace {
 
 /// Where the ball overlaps a block, as a rectangle of its own top left corner.
 struct Shadow {
   explicit Shadow(const Block& block)
-      : left(block.left - Room::kBallWidth),
-        top(block.top - Room::kBallHeight),
+      : left(block.left - Ball::kWidth),
+        top(block.top - Ball::kHeight),
         right(block.Right()),
         bottom(block.Bottom()) {}
   int left;
@@ -48,11 +47,10 @@ class Axis {
 };
 
 /// The places of the ball, cut into cells.
-class Field {
+class Places {
  public:
-  explicit Field(const std::vector<Block>& blocks)
-      : across_(Room::kBallWidth, Room::kFieldWidth - Room::kBallWidth),
-        down_(Room::kBallHeight, Room::kLowest) {
+  explicit Places(const std::vector<Block>& blocks)
+      : across_(Ball::kWidth, Field::kRight - Ball::kWidth), down_(Ball::kHeight, Field::kPaddle) {
     for (const Block& block : blocks) {
       const Shadow shadow(block);
       across_.Cut(shadow.left);
@@ -119,13 +117,14 @@ class Field {
 
 }  // namespace
 
-const Block* OutOfReach(const std::vector<Block>& blocks) {
-  Field field(blocks);
-  field.Fill();
-  for (const Block& block : blocks) {
-    if (block.type != kHard && !field.Touches(block)) return &block;
+std::vector<std::size_t> OutOfReach(const std::vector<Block>& blocks) {
+  Places places(blocks);
+  places.Fill();
+  std::vector<std::size_t> out_of_reach;
+  for (std::size_t i = 0; i < blocks.size(); ++i) {
+    if (blocks[i].type != kHard && !places.Touches(blocks[i])) out_of_reach.push_back(i);
   }
-  return nullptr;
+  return out_of_reach;
 }
 
-}  // namespace level
+}  // namespace desenho
