@@ -91,8 +91,8 @@ void Stage::CloseForms() {
 
 void Stage::MsgBox(const std::string& text) { Show(std::make_shared<MessageForm>(*this, text), kModal); }
 
-std::string Stage::InputBox(const std::string& prompt) {
-  const auto form = std::make_shared<InputForm>(*this, prompt);
+std::string Stage::InputBox(const std::string& prompt, const std::string& offered) {
+  const auto form = std::make_shared<InputForm>(*this, prompt, offered);
   Show(form, kModal);
   return form->Answer();
 }

@@ -42,8 +42,8 @@ class Stage {
   // Dialogs.
 
   void MsgBox(const std::string& text);
-  /// The typed text, or the empty string on Cancel.
-  std::string InputBox(const std::string& prompt);
+  /// The typed text, or the empty string on Cancel. `offered` stands in the box at first.
+  std::string InputBox(const std::string& prompt, const std::string& offered = "");
   const std::string& Title() const { return title_; }
 
   // Painting.
