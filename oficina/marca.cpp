@@ -1,0 +1,27 @@
+#include "oficina/marca.h"
+
+namespace oficina {
+
+using stage::Double;
+using stage::Single;
+
+Marca::Marca(stage::Container& container, stage::Pixel cor, Forma forma)
+    : Control(container, {}), cor_(cor), forma_(forma) {
+  Visible = false;
+  Enabled = false;
+}
+
+void Marca::Paint(const stage::Canvas& canvas) const {
+  if (forma_ == Forma::kCheia) return canvas.Fill(Area(), cor_);
+  canvas.Frame(Area(), cor_);
+}
+
+void Marca::PoeEm(Double esquerda, Double topo, Double largura, Double altura) {
+  Left = Single(esquerda);
+  Top = Single(topo);
+  Width = Single(largura);
+  Height = Single(altura);
+  Visible = true;
+}
+
+}  // namespace oficina
