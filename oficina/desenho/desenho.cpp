@@ -48,8 +48,11 @@ bool Vale(const Desenho& desenho) {
 
 Lido LeDesenho(std::string_view sav) {
   Lido lido;
-  if (sav.size() > kMaisBytes) lido.faltas.push_back({0, 0, "the file is longer than 65536 bytes"});
-  korvane::LevelReader leitor(sav.substr(0, kMaisBytes));
+  if (sav.size() > kMaisBytes) {
+    lido.faltas.push_back({0, 0, "the file is longer than 65536 bytes"});
+    sav = sav.substr(0, sav.find_last_of(",\r\n", kMaisBytes - 1) + 1);
+  }
+  korvane::LevelReader leitor(sav);
   while (!leitor.AtEnd()) {
     try {
       Soma(leitor.Next(), lido.desenho);

@@ -157,7 +157,7 @@ std::vector<Grid> GridsOf(const std::vector<Block>& blocks, int gap) {
   for (int step = kLongestStep; step >= kShortestStep; --step) {
     if (across % step == 0) steps.push_back(step);
   }
-  std::ranges::stable_partition(steps, [](int step) { return step == kUsualCell; });
+  std::stable_partition(steps.begin(), steps.end(), [](int step) { return step == kUsualCell; });
   const int row = LongestStep(down);
   std::vector<Grid> grids;
   for (const int step : steps) {
@@ -176,7 +176,7 @@ std::optional<std::string> MapaDe(const Desenho& desenho, std::string_view nome)
   if (desenho.blocos.empty()) return std::nullopt;
   std::vector<int> gaps(kWidestGap + 1);
   std::iota(gaps.begin(), gaps.end(), 0);
-  std::ranges::stable_partition(gaps, [](int gap) { return gap == kUsualGap; });
+  std::stable_partition(gaps.begin(), gaps.end(), [](int gap) { return gap == kUsualGap; });
   for (const int gap : gaps) {
     for (const Grid& grid : GridsOf(desenho.blocos, gap)) {
       std::optional<std::string> map = MapIn(grid, desenho, nome);

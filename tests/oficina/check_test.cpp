@@ -99,6 +99,12 @@ TEST(Check, TakesTheBallAsLargeAsItEverIs) {
   EXPECT_EQ(desenho::Field::kPaddle, stage::Int(jogo.ball.Top));
 }
 
+TEST(Check, FindsAllThatTheBallCannotReach) {
+  const auto walled =
+      desenho::LeDesenho(kWalls + "2000,4200,250,480,5\n" + kBlock + "2500,4200,250,480,21\n" + kFloor);
+  EXPECT_EQ(desenho::OutOfReach(walled.desenho.blocos), (std::vector<std::size_t>{3, 5}));
+}
+
 TEST(Check, CountsTheHardBlocksThatStandAlone) {
   const std::string hard = "600,3000,250,480,20\n";
   const auto alone = [&](const std::string& text) {

@@ -3,7 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/oficina/fases.h"
+
 namespace {
+
+using desenho::Desenho;
+using tests::Tijolo;
 
 const std::string kHead = "name: Test\nmap:\n";
 
@@ -39,6 +44,63 @@ TEST(Map, TellsTheLineThatIsWrong) {
       EXPECT_TRUE(std::string(error.what()).starts_with(why)) << error.what() << " for " << map;
     }
   }
+}
+
+TEST(Map, IsDrawnInBricksWhereItCanBe) {
+  EXPECT_EQ(
+      desenho::MapaDe({{4, 1200, 7}, {{765, 370, 510, 970, 4}, Tijolo(1840, 1025), Tijolo(615, 1285)}},
+                      "Test"),
+      "name: Test\nbarred: 7\nblink: d 1200\ncell: 490 260\ngap: 10\ncolumns: 23\norigin: 365 760\nmap:\n"
+      "d-\n|-.a\n>a\n");
+}
+
+TEST(Map, OfEachLevelMakesItAgain) {
+  for (int number = 1; number <= tests::kFases; ++number) {
+    const Desenho level = desenho::LeDesenho(tests::Fase(number)).desenho;
+    const auto map = desenho::MapaDe(level, "Any name");
+    ASSERT_TRUE(map) << number;
+    EXPECT_EQ(desenho::SavFromMap(*map), tests::Fase(number));
+    EXPECT_EQ(desenho::LeMapa(*map).nome, "Any name");
+  }
+}
+
+TEST(Map, IsFoundForWhateverAMapDraws) {
+  const std::string texts[] = {"map:\na--\n|--\n.v#",
+                               "map:\n>a\nb",
+                               "gap: 60\nmap:\n>a.?-\n>|..\n>|.b\n...c",
+                               "gap: 7\ncell: 123 457\nbarred: 10\nmap:\na\n>b",
+                               "gap: 0\ncell: 365 275\nmap:\n\n..a\n\n>....b--c",
+                               "cell: 1200 300\norigin: 0 500\nmap:\n>a.b\n.c"};
+  for (const std::string& text : texts) {
+    SCOPED_TRACE(text);
+    const Desenho drawn = desenho::LeMapa("name: Test\n" + text).desenho;
+    const auto again = desenho::MapaDe(drawn, "Test");
+    ASSERT_TRUE(again);
+    EXPECT_EQ(desenho::SavFromMap(*again), SavDe(drawn)) << *again;
+  }
+}
+
+TEST(Map, IsNoneWhereNoGridHoldsTheBlocks) {
+  struct Case {
+    Desenho desenho;
+    std::string name = "Test";
+  };
+  const Case cases[] = {
+      {{}},
+      {{{}, {{760, 370, 250, 480, desenho::kHard}}}},
+      {{{}, {Tijolo(370, 765), Tijolo(600, 765)}}},
+      {{{}, {Tijolo(370, 765), Tijolo(370, 765)}}},
+      {{{}, {Tijolo(370, 765), {1025, 370, 251, 480, 1}}}},
+      {{{}, {Tijolo(259, 765)}}},
+      {{{}, {Tijolo(370, 6051)}}},
+      {{{1, 60001, 0}, {Tijolo(370, 765)}}},
+      {{{}, {Tijolo(370, 765)}}, ""},
+      {{{}, {Tijolo(370, 765)}}, " Test"},
+      {{{}, {Tijolo(370, 765)}}, "Test\nbarred: 4"},
+  };
+  for (const Case& test : cases)
+    EXPECT_EQ(desenho::MapaDe(test.desenho, test.name), std::nullopt) << SavDe(test.desenho) << test.name;
+  EXPECT_TRUE(desenho::MapaDe({{0, 60001, 0}, {Tijolo(370, 6050)}}, std::string(60, 'a')));
 }
 
 }  // namespace
