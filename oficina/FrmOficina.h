@@ -80,7 +80,7 @@ class FrmOficina : public korvane::game {
     desenho::Alca alca{};
     desenho::Desenho antes{};
     desenho::Escolha escolha{};
-    bool andou = false;
+    bool andou = false;  // it moves or resizes what is chosen
   };
 
   // The drawing and what is seen of it.
@@ -90,13 +90,13 @@ class FrmOficina : public korvane::game {
   void MostraBlocos();
   void MostraBloco(Integer indice, const desenho::Block& bloco);
   void MostraEscolha();
+  void MostraAlcas();
   void MostraRegra();
   void MostraElastico(desenho::Ponto a, desenho::Ponto b);
   void MostraSombra(desenho::Ponto ponto, int shift);
   void MostraInalcancaveis(const std::vector<std::size_t>& quais);
   void Pisca();
   void PoeMarca(Marca& marca, const desenho::Block& lugar, Double folga);
-  std::array<stage::Place, 8> LugaresDasAlcas() const;
   stage::TwipRect CaixaDaEscolha() const;
   desenho::Ponto NoDesenho(Single X, Single Y) const;
   Double Deslocamento() const;

@@ -36,6 +36,12 @@ stage::Design LugarDoTipo(int tipo) {
 
 stage::Design LugarDoBonus(int lugar) { return {kMargem + lugar * kColunaBonus, kBonus + 400, 615, 585}; }
 
+/// Half way down.
+stage::Design Palavra(const stage::Design& lugar) {
+  constexpr Double kLinha = 240;
+  return {lugar.left, lugar.top + (lugar.height - kLinha) / 2, lugar.width, kLinha};
+}
+
 int LugarDe(int bonus) { return bonus == desenho::kAllBonuses ? kTodosOsBonus : bonus; }
 int BonusDe(int lugar) { return lugar == kTodosOsBonus ? desenho::kAllBonuses : lugar; }
 
@@ -69,9 +75,9 @@ FrmRegra::FrmRegra(stage::Stage& palco, stage::ControlArray<stage::Image>& tipos
                               um ? palco.Pictures.Named("ImagePower", lugar) : nullptr, true);
                }
              }),
-      nenhum_tipo_(*this, LugarDoTipo(0), kNoMeio, "nada"),
-      nenhum_bonus_(*this, LugarDoBonus(0), kNoMeio, "nenhum"),
-      todos_(*this, LugarDoBonus(kTodosOsBonus), kNoMeio, "todos"),
+      nenhum_tipo_(*this, Palavra(LugarDoTipo(0)), kNoMeio, "nada"),
+      nenhum_bonus_(*this, Palavra(LugarDoBonus(0)), kNoMeio, "nenhum"),
+      todos_(*this, Palavra(LugarDoBonus(kTodosOsBonus)), kNoMeio, "todos"),
       ok_(*this, {(kLargura - 1200) / 2, kAltura - 570, 1200, 420}, "OK"),
       tipo_escolhido_(*this, kEscolhido, Marca::Forma::kLinha),
       bonus_escolhido_(*this, kEscolhido, Marca::Forma::kLinha) {

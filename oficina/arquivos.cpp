@@ -50,7 +50,7 @@ void FrmOficina::PerguntaAbrir() {
 
 void FrmOficina::Abre(const path& arquivo) try {
   desenho::Aberto aberto = desenho::Abre(arquivo);
-  arquivo_ = arquivo;
+  arquivo_ = std::filesystem::absolute(arquivo).lexically_normal();
   nome_ = aberto.nome;
   Comeca(std::move(aberto.lido.desenho));
   const auto& faltas = aberto.lido.faltas;

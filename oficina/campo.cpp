@@ -8,6 +8,7 @@ namespace oficina {
 namespace {
 
 constexpr Double kLarguraDoDesenho = 12000;
+constexpr stage::Pixel kCorDaEscolha = 0xFFD23F;
 
 }  // namespace
 
@@ -60,23 +61,32 @@ void FrmOficina::Pisca() {
 
 void FrmOficina::MostraEscolha() {
   constexpr Double kFolga = 12;
-  constexpr Double kLadoDaAlca = 100;
-  while (Contornos.size() > escolha_.size()) Contornos.pop_back();
-  while (Contornos.size() < escolha_.size()) {
-    Contornos.push_back(std::make_unique<Marca>(*this, 0xFFFFFF, Marca::Forma::kLinha));
+  const std::size_t quantos = mao_.andou ? 0 : escolha_.size();  // what is on its way is seen by itself
+  while (Contornos.size() > quantos) Contornos.pop_back();
+  while (Contornos.size() < quantos) {
+    Contornos.push_back(std::make_unique<Marca>(*this, kCorDaEscolha, Marca::Forma::kLinha));
   }
-  for (std::size_t i = 0; i < escolha_.size(); ++i) {
+  for (std::size_t i = 0; i < quantos; ++i) {
     PoeMarca(*Contornos[i], Agora().blocos[escolha_[i]], kFolga);
   }
-  const auto lugares = LugaresDasAlcas();
+  MostraAlcas();
+}
+
+/// Outside of what is chosen, which can still be grasped. A side that is too short has none in its middle.
+void FrmOficina::MostraAlcas() {
+  constexpr Double kLado = 100;
+  constexpr Double kFora = 50;
+  const stage::TwipRect caixa = CaixaDaEscolha();
   for (std::size_t i = 0; i < Alcas.size(); ++i) {
-    if (escolha_.empty()) {
+    const desenho::Alca alca = kAlcas[i];
+    const bool cabe = alca.x == 0 ? caixa.width > 3 * kLado : alca.y != 0 || caixa.height > 3 * kLado;
+    if (escolha_.empty() || !cabe) {
       Alcas[i].Visible = false;
-    } else {
-      Alcas[i].PoeEm(lugares[i].Left - kLadoDaAlca / 2, lugares[i].Top - kLadoDaAlca / 2, kLadoDaAlca,
-                     kLadoDaAlca);
-      Alcas[i].ZOrder(0);
+      continue;
     }
+    Alcas[i].PoeEm(caixa.left + caixa.width * (alca.x + 1) / 2 + alca.x * kFora - kLado / 2,
+                   caixa.top + caixa.height * (alca.y + 1) / 2 + alca.y * kFora - kLado / 2, kLado, kLado);
+    Alcas[i].ZOrder(0);
   }
 }
 
@@ -113,7 +123,8 @@ void FrmOficina::MostraSombra(desenho::Ponto ponto, int shift) {
   desenho::Block lugar = modelo_;
   lugar.left = canto.x;
   lugar.top = canto.y;
-  const bool cabe = desenho::NoCampo(lugar) == lugar && !desenho::BlocoEm(Agora(), ponto);
+  const bool cabe = desenho::NoCampo(lugar) == lugar &&
+                    desenho::NoElastico(Agora(), canto, {lugar.Right() - 1, lugar.Bottom() - 1}).empty();
   Sombra.Visible = cabe && mao_.gesto == Gesto::kNada;
   if (!Sombra.Visible) return;
   DispoeBloco(Sombra, lugar.top, lugar.left, lugar.height, lugar.width);
@@ -136,17 +147,6 @@ stage::TwipRect FrmOficina::CaixaDaEscolha() const {
   }
   const Double escala = Palco.Screen.Width / kLarguraDoDesenho;
   return {esquerda * escala, topo + Deslocamento(), (direita - esquerda) * escala, base - topo};
-}
-
-/// In the order of kAlcas.
-std::array<stage::Place, 8> FrmOficina::LugaresDasAlcas() const {
-  const stage::TwipRect caixa = CaixaDaEscolha();
-  std::array<stage::Place, 8> lugares;
-  for (std::size_t i = 0; i < lugares.size(); ++i) {
-    lugares[i] = {Single(caixa.left + caixa.width * (kAlcas[i].x + 1) / 2),
-                  Single(caixa.top + caixa.height * (kAlcas[i].y + 1) / 2)};
-  }
-  return lugares;
 }
 
 /// How much lower than it is drawn the series lays a block, form units.

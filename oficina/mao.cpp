@@ -21,11 +21,12 @@ Ponto FrmOficina::CantoSob(Ponto ponto, int shift) const {
 }
 
 std::optional<desenho::Alca> FrmOficina::AlcaEm(Single X, Single Y) const {
-  constexpr Double kPerto = 110;
-  if (escolha_.empty()) return std::nullopt;
-  const auto lugares = LugaresDasAlcas();
-  for (std::size_t i = 0; i < lugares.size(); ++i) {
-    if (std::abs(X - lugares[i].Left) <= kPerto && std::abs(Y - lugares[i].Top) <= kPerto) return kAlcas[i];
+  constexpr Double kPerto = 20;
+  for (std::size_t i = 0; i < Alcas.size(); ++i) {
+    const Marca& alca = Alcas[i];
+    if (alca.Visible && X >= alca.Left - kPerto && X <= alca.Left + alca.Width + kPerto &&
+        Y >= alca.Top - kPerto && Y <= alca.Top + alca.Height + kPerto)
+      return kAlcas[i];
   }
   return std::nullopt;
 }
@@ -77,6 +78,7 @@ void FrmOficina::ComecaEsquerdo(Ponto ponto, int shift, std::optional<desenho::A
   if (alca) {
     Comeca(Gesto::kEstica, ponto);
     mao_.alca = *alca;
+    mao_.andou = true;
   } else if (const auto bloco = desenho::BlocoEm(Agora(), ponto)) {
     ComecaNoBloco(*bloco, ponto, shift);
   } else if ((shift & stage::kCtrl) != 0) {
@@ -163,6 +165,7 @@ void FrmOficina::Desiste() {
 
 void FrmOficina::Termina() {
   mao_ = {};
+  MostraEscolha();
   for (Marca& lado : Elastico) lado.Visible = false;
 }
 

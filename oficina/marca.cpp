@@ -13,7 +13,10 @@ Marca::Marca(stage::Container& container, stage::Pixel cor, Forma forma)
 
 void Marca::Paint(const stage::Canvas& canvas) const {
   if (forma_ == Forma::kCheia) return canvas.Fill(Area(), cor_);
-  canvas.Frame(Area(), cor_);
+  const stage::TwipRect area = Area();
+  constexpr Double kLinha = stage::kTwipsPerPixel;
+  canvas.Frame({area.left + kLinha, area.top + kLinha, area.width - 2 * kLinha, area.height - 2 * kLinha}, 0);
+  canvas.Frame(area, cor_);
 }
 
 void Marca::PoeEm(Double esquerda, Double topo, Double largura, Double altura) {

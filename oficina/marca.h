@@ -7,6 +7,7 @@ namespace oficina {
 
 class Marca : public stage::Control {
  public:
+  /// A line has a black one inside, so that it is seen on every block.
   enum class Forma { kCheia, kLinha };
 
   /// Not seen at first.
