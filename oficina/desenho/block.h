@@ -13,7 +13,10 @@ inline constexpr int kLastType = korvane::kRevelado;
 /// TipoBox has no use for index 0 and one more for the carrier of the parked bonus.
 inline constexpr int kMostBlocks = decltype(korvane::Module1::TipoBox)::kCount - 2;
 
-/// Black space between neighbours, design units.
+/// The ordinary brick and the black line between two of them, design units.
+inline constexpr int kLarguraNormal = 480;
+inline constexpr int kAlturaNormal = 250;
+inline constexpr int kVao = 10;
 inline constexpr int kWidestGap = 60;
 
 inline constexpr int kLastBonus = korvane::TabelaBonus::kQuantos;

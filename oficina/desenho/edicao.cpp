@@ -3,12 +3,16 @@
 #include <algorithm>
 #include <cstdlib>
 #include <numeric>
+#include <utility>
+
+#include "oficina/desenho/map_grammar.h"
 
 namespace desenho {
 namespace {
 
 /// A corner that all grids have: that of the first brick in a map without a header.
-constexpr Ponto kOrigem{370, 765};
+constexpr Ponto kOrigem{CentredLeft(ColumnsFrom(kMapLeft, kUsualStep), kUsualStep) + kVao / 2,
+                        kFirstRow + kVao / 2};
 
 struct Caixa {
   int esquerda = Field::kRight;

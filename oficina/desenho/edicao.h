@@ -26,11 +26,6 @@ struct Feito {
   Escolha novos;
 };
 
-/// The ordinary brick and the black line around it.
-inline constexpr int kLarguraNormal = 480;
-inline constexpr int kAlturaNormal = 250;
-inline constexpr int kVao = 10;
-
 /// No block is made smaller by hand, either way.
 inline constexpr int kMenorLado = 60;
 
@@ -67,8 +62,8 @@ std::vector<Block> Escolhidos(const Desenho& desenho, const Escolha& escolha);
 std::optional<Feito> Poe(const Desenho& desenho, const std::vector<Block>& blocos, Ponto passo = {});
 
 /// Adds a straight row of blocks like `modelo`, whose own place does not count, an ordinary gap between them:
-/// the first with its corner at `de`, then on to the one that `ate` points at, along the way on which that is
-/// more blocks off. Places where something stands, or that lead out of the field, stay empty. None if there
+/// the first with its corner at `de`, then on to the one that `ate` points at, across or down, whichever
+/// takes more blocks. Places where something stands, or that lead out of the field, stay empty. None if there
 /// would be too many blocks.
 std::optional<Feito> Pinta(const Desenho& desenho, const Block& modelo, Ponto de, Ponto ate);
 

@@ -26,8 +26,8 @@ struct Point {
 struct Header {
   std::string name;
   Regra rule;
-  Point cell{490, 260};
-  int gap = 10;
+  Point cell{kUsualStep, kAlturaNormal + kVao};
+  int gap = kVao;
   std::optional<int> columns;
   std::optional<Point> origin;
 };
@@ -161,8 +161,8 @@ Header ReadHeader(Lines& lines) {
 Grid GridOf(const Header& header) {
   const Point cell = header.cell;
   const int columns = header.columns.value_or(ColumnsFrom(kMapLeft, cell.x));
-  const int centred = (kMapLeft + kMapRight - columns * cell.x) / 2;
-  return {header.origin.value_or(Point{centred, 760}), cell, header.gap, columns};
+  const Point centred{CentredLeft(columns, cell.x), kFirstRow};
+  return {header.origin.value_or(centred), cell, header.gap, columns};
 }
 
 std::vector<Run> RunsOf(std::string_view row, const Grid& grid, const Lines& lines) {

@@ -17,6 +17,9 @@ inline constexpr int kMapBottom = 6300;  // leaves room above the paddle once th
 inline constexpr int kMostColumns = 95;
 inline constexpr int kShortestStep = 120;
 inline constexpr int kLongestStep = 3000;
+inline constexpr int kUsualStep = kLarguraNormal + kVao;  // across
+/// The top of a grid that is told none.
+inline constexpr int kFirstRow = 760;
 
 /// The character of each type, from 1 on.
 inline constexpr std::string_view kMarks = "abcdefghijklmnopqrs#?v";
@@ -28,5 +31,8 @@ constexpr int ColumnsFrom(int left, int step) {
   const int columns = (kMapRight - left) / step;
   return columns < kMostColumns ? columns : kMostColumns;
 }
+
+/// Where a grid begins that is told nothing else.
+constexpr int CentredLeft(int columns, int step) { return (kMapLeft + kMapRight - columns * step) / 2; }
 
 }  // namespace desenho

@@ -8,9 +8,6 @@
 namespace desenho {
 namespace {
 
-constexpr int kUsualGap = 10;
-constexpr int kUsualCell = 490;
-
 /// A grid that may hold the blocks, in design units. Its rows begin at `left`, or half a cell further right.
 struct Grid {
   int gap = 0;
@@ -113,7 +110,6 @@ std::optional<std::string> MapIn(Grid grid, const Desenho& desenho, std::string_
     const int left = block.left - grid.gap / 2;
     first = std::min(first, (left - column) % grid.across == 0 ? left : left - grid.Shift());
   }
-  if ((column - first) % grid.across != 0) return std::nullopt;
   grid.left = first;
   Rows rows;
   for (const Block& block : desenho.blocos) {
@@ -136,12 +132,13 @@ bool Draws(const std::string& map, const Desenho& desenho, std::string_view name
   }
 }
 
-/// The longest step of a grid that goes into `length`; 0 if there is none.
-int LongestStep(int length) {
+/// The steps of a grid that go into `length`, the longest first.
+std::vector<int> StepsInto(int length) {
+  std::vector<int> steps;
   for (int step = kLongestStep; step >= kShortestStep; --step) {
-    if (length % step == 0) return step;
+    if (length % step == 0) steps.push_back(step);
   }
-  return 0;
+  return steps;
 }
 
 /// Grids with this gap that may hold the blocks, the likeliest first.
@@ -153,19 +150,17 @@ std::vector<Grid> GridsOf(const std::vector<Block>& blocks, int gap) {
     across = std::gcd(across, block.width + gap);
     down = std::gcd(down, std::gcd(block.height + gap, block.top - top));
   }
-  std::vector<int> steps;
-  for (int step = kLongestStep; step >= kShortestStep; --step) {
-    if (across % step == 0) steps.push_back(step);
-  }
-  std::stable_partition(steps.begin(), steps.end(), [](int step) { return step == kUsualCell; });
-  const int row = LongestStep(down);
+  std::vector<int> steps = StepsInto(across);
+  std::stable_partition(steps.begin(), steps.end(), [](int step) { return step == kUsualStep; });
+  // What does not fit in the highest rows fits in no others.
+  const std::vector<int> rows = StepsInto(down);
+  if (rows.empty()) return {};
   std::vector<Grid> grids;
   for (const int step : steps) {
     const int left = blocks.front().left - gap / 2;
     // The first block lies in a row of either kind.
-    for (const int begin : {left, left - step / 2}) {
-      if (row != 0) grids.push_back({gap, step, row, begin, top - gap / 2});
-    }
+    for (const int begin : {left, left - step / 2})
+      grids.push_back({gap, step, rows.front(), begin, top - gap / 2});
   }
   return grids;
 }
@@ -176,7 +171,7 @@ std::optional<std::string> MapaDe(const Desenho& desenho, std::string_view nome)
   if (desenho.blocos.empty()) return std::nullopt;
   std::vector<int> gaps(kWidestGap + 1);
   std::iota(gaps.begin(), gaps.end(), 0);
-  std::stable_partition(gaps.begin(), gaps.end(), [](int gap) { return gap == kUsualGap; });
+  std::stable_partition(gaps.begin(), gaps.end(), [](int gap) { return gap == kVao; });
   for (const int gap : gaps) {
     for (const Grid& grid : GridsOf(desenho.blocos, gap)) {
       std::optional<std::string> map = MapIn(grid, desenho, nome);

@@ -52,7 +52,7 @@ TEST(Edicao, PaintsARowWhereThereIsRoom) {
   };
   const Caso casos[] = {
       {{300, 300}, {789, 559}, {Tijolo(300, 300)}},
-      {{300, 300}, {1290, 559}, {Tijolo(300, 300), Tijolo(790, 300), Tijolo(1280, 300)}},
+      {{300, 300}, {1290, 820}, {Tijolo(300, 300), Tijolo(790, 300), Tijolo(1280, 300)}},
       {{600, 300}, {599, 300}, {Tijolo(600, 300), Tijolo(110, 300)}},
       {{600, 900}, {200, 379}, {Tijolo(600, 900), Tijolo(600, 640), Tijolo(600, 380), Tijolo(600, 120)}},
       // Over what stands there, and out of the field.

@@ -69,7 +69,7 @@ TEST(Map, IsFoundForWhateverAMapDraws) {
                                "map:\n>a\nb",
                                "gap: 60\nmap:\n>a.?-\n>|..\n>|.b\n...c",
                                "gap: 7\ncell: 123 457\nbarred: 10\nmap:\na\n>b",
-                               "gap: 0\ncell: 365 275\nmap:\n\n..a\n\n>....b--c",
+                               "gap: 0\ncell: 365 275\nmap:\n\n>..a\n\n....b--c",
                                "cell: 1200 300\norigin: 0 500\nmap:\n>a.b\n.c"};
   for (const std::string& text : texts) {
     SCOPED_TRACE(text);

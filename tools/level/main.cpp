@@ -6,12 +6,12 @@
 #include <vector>
 
 #include "levels/level_file.h"
+#include "oficina/desenho/check.h"
+#include "oficina/desenho/map.h"
 #include "stage/files/path_text.h"
 #include "stage/files/text_file.h"
 #include "stage/machines/machine.h"
-#include "oficina/desenho/check.h"
 #include "tools/level/draw.h"
-#include "oficina/desenho/map.h"
 
 namespace {
 
