@@ -125,6 +125,12 @@ void FrmOficina::Sob(const std::string& palavras) {
   Escreve();
 }
 
+/// The pointer has left the field.
+void FrmOficina::SobFaixa(const std::string& palavras) {
+  Sombra.Visible = false;
+  Sob(palavras);
+}
+
 /// What has just happened goes before what is under the pointer, and that before what is wrong.
 void FrmOficina::Escreve() {
   const std::string& palavras = !aviso_.empty() ? aviso_ : !sob_.empty() ? sob_ : veredito_;

@@ -10,7 +10,7 @@
 int main(int count, char** arguments) {
   try {
     const auto arquivo = count > 1 ? stage::PathOf(arguments[1]) : std::filesystem::path();
-    const auto maquina = stage::MakePlatform("Korvane", "korvane");
+    const auto maquina = stage::MakePlatform("Oficina do Korvane", "korvane");
     oficina::Oficina(*maquina, korvane::Assets(), arquivo).Corre();
     return 0;
   } catch (const std::exception& error) {

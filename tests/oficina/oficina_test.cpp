@@ -183,6 +183,14 @@ TEST_F(Workshop, KeepsUnsavedWorkAside) {
   bancada.platform->FinishWorks();
   EXPECT_EQ(rascunho(bancada)->blocos.size(), 2U) << "the session's end asks nothing and loses nothing";
 
+  // Who opens another level and thinks better of it keeps the drawing.
+  Bancada volta;
+  ASSERT_TRUE(volta.Play(PoeEm(Tijolo(2, 1)) + "beats 70\nkey 79 2\nkey 9\nkey 13\nkey 27\n"));
+  EXPECT_EQ(volta.Blocks().size(), 1U);
+  EXPECT_FALSE(volta.Play("quit\n"));
+  volta.platform->FinishWorks();
+  EXPECT_TRUE(rascunho(volta));
+
   const std::pair<const char*, std::size_t> respostas[] = {{"key 13\n", 1}, {"key 9\nkey 13\n", 0}};
   for (const auto& [resposta, blocos] : respostas) {
     Bancada outra({{"levels/rascunho.sav", guardado}}, "");
