@@ -64,9 +64,9 @@ Lido LeDesenho(std::string_view sav) {
 }
 
 Desenho EmOrdem(Desenho desenho) {
-  std::vector<Block>& blocos = desenho.blocos;
-  const auto baixo = blocos.begin() + std::ptrdiff_t(MaisBaixo(blocos));
-  if (!blocos.empty()) std::rotate(baixo, baixo + 1, blocos.end());
+  if (desenho.blocos.empty()) return desenho;
+  const auto baixo = desenho.blocos.begin() + std::ptrdiff_t(MaisBaixo(desenho.blocos));
+  std::rotate(baixo, baixo + 1, desenho.blocos.end());
   return desenho;
 }
 
