@@ -25,8 +25,8 @@ constexpr Linha kLinhas[] = {{"Clique", "põe um bloco; sobre um bloco, escolhe"
                              {"Ctrl + Z, Ctrl + Y", "desfaz, refaz"},
                              {"E, Ctrl + E", "espelha a escolha; em volta do meio do campo"},
                              {"1 a 4", "mostra a série A a D"},
-                             {"R", "regra da fase: o que pisca, o bônus barrado"},
-                             {"F5", "joga a fase; Esc volta"},
+                             {"R", "regra da tela: o que pisca, o bônus barrado"},
+                             {"F5", "joga a tela; Esc volta"},
                              {"Ctrl + O, Ctrl + S", "abre, guarda"},
                              {"Ctrl + M", "exporta um mapa de texto"},
                              {"Esc", "larga a escolha; sai"}};

@@ -44,7 +44,7 @@ path FrmOficina::ArquivoDe(const std::string& resposta, bool a_ler) const {
 
 void FrmOficina::PerguntaAbrir() {
   if (!PodeLargar()) return;
-  const std::string resposta = Palco.InputBox("Número da fase a abrir, ou nome de um arquivo");
+  const std::string resposta = Palco.InputBox("Número da tela a abrir, ou nome de um arquivo");
   if (!resposta.empty() && Abre(ArquivoDe(resposta, true))) dono_.Rascunho.Esquece();
 }
 
@@ -100,7 +100,7 @@ bool FrmOficina::Guarda() {
 }
 
 void FrmOficina::Exporta() {
-  const std::string nome = Palco.InputBox("Nome da fase no mapa", nome_);
+  const std::string nome = Palco.InputBox("Nome da tela no mapa", nome_);
   if (nome.empty()) return;
   const auto mapa = desenho::MapaDe(Agora(), nome);
   if (!mapa) return Avisa("O desenho não cabe na malha de um mapa de texto");

@@ -114,7 +114,7 @@ TEST_F(Workshop, SaysWhatKeepsALevelFromEnding) {
   Depois("wheel 3\n" + Arrasta(Tijolo(5, 0), Tijolo(7, 0)) + Arrasta(Tijolo(5, 2), Tijolo(7, 2)) +
          PoeEm(Tijolo(5, 1)) + PoeEm(Tijolo(7, 1)) + "wheel -3\n" + PoeEm(Tijolo(6, 1)) + "move " +
          Em(9000, 6000) + "\nbeats 30\n");
-  EXPECT_EQ(bancada.Words(), "A bola não alcança 1 dos blocos: a fase nunca acaba");
+  EXPECT_EQ(bancada.Words(), "A esfera não alcança 1 dos blocos: a tela nunca acaba");
   EXPECT_EQ(bancada.Form().Inalcancaveis.size(), 1U);
   EXPECT_TRUE(desenho::Check(desenho::SavDe(bancada.Form().Agora())).fault);
   Depois("move " + Meio(Tijolo(6, 2)) + "\npress right\nrelease\nmove " + Em(9000, 6000) + "\nbeats 30\n");
