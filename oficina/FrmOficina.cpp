@@ -59,6 +59,7 @@ FrmOficina::FrmOficina(Oficina& dono)
       Conta(*this, {}, kADireita, ""),
       TimerConfere(*this, 200, false),
       TimerRascunho(*this, 1000, false),
+      TimerRobo(*this, 1, false),
       dono_(dono),
       modelo_{.height = desenho::kAlturaNormal, .width = desenho::kLarguraNormal, .type = 1} {
   for (stage::Timer* const timer : {&Timer_Move, &Timer_Move2, &TimerPisca, &TimerBonusParado, &Timer2})
@@ -73,6 +74,7 @@ FrmOficina::FrmOficina(Oficina& dono)
   TimerPisca.Tick = [this] { Pisca(); };
   TimerConfere.Tick = [this] { Confere(); };
   TimerRascunho.Tick = [this] { GuardaRascunho(); };
+  TimerRobo.Tick = [this] { PerguntaAoRobo(); };
   Paleta.Click = [this](Integer tipo) { EscolheTipo(tipo); };
   Paleta.MouseMove = [this](Integer tipo, auto...) { SobFaixa("Tipo " + std::to_string(tipo)); };
   Series.Click = [this](Integer serie) { MostraSerie(serie); };

@@ -64,6 +64,7 @@ class FrmOficina : public korvane::game {
 
   stage::Timer TimerConfere;
   stage::Timer TimerRascunho;
+  stage::Timer TimerRobo;
 
  private:
   static constexpr std::array<desenho::Alca, 8> kAlcas{
@@ -139,6 +140,7 @@ class FrmOficina : public korvane::game {
   void SobFaixa(const std::string& palavras);
   void Escreve();
   void Confere();
+  void PerguntaAoRobo();
   void EditaRegra();
   void MostraTitulo();
   std::string PalavrasDoBloco(std::size_t bloco) const;
@@ -172,6 +174,7 @@ class FrmOficina : public korvane::game {
   std::string aviso_;
   std::string sob_;
   std::string veredito_;
+  bool robo_joga_ = false;
   bool descartado_ = false;
 };
 

@@ -29,6 +29,7 @@ void FrmOficina::MostraTudo() {
   MostraTitulo();
   MostraInalcancaveis({});
   TimerConfere.Enabled = true;
+  TimerRobo.Enabled = false;
   if (Mudado() && !TimerRascunho.Enabled) TimerRascunho.Enabled = true;
 }
 

@@ -1,5 +1,6 @@
 // The band below the bar: the types, the series, the rule, and the line of words.
 #include <algorithm>
+#include <cmath>
 
 #include "oficina/FrmOficina.h"
 #include "oficina/FrmRegra.h"
@@ -12,6 +13,8 @@ namespace {
 constexpr Double kMargem = 100;  // form units, as all that follow
 constexpr Double kVao = 30;
 constexpr Double kFila = 285;
+
+constexpr int kQuieta = 1000;  // ms without a change before a robot plays
 
 const char* EspecieDe(int tipo) {
   switch (tipo) {
@@ -29,6 +32,12 @@ void Poe(stage::Control& control, Double esquerda, Double topo, Double largura, 
   control.Top = Single(topo);
   control.Width = Single(largura);
   control.Height = Single(altura);
+}
+
+std::string TempoDe(std::optional<Double> minutos) {
+  if (!minutos) return "não chega ao fim";
+  const auto segundos = static_cast<int>(std::lround(*minutos * 60));
+  return "leva " + std::to_string(segundos / 60) + " min " + std::to_string(segundos % 60) + " s";
 }
 
 }  // namespace
@@ -163,7 +172,24 @@ void FrmOficina::Confere() {
   } else {
     veredito_ = "Pronta para jogar: " + std::to_string(veredito.hard) + " rígidos, " +
                 std::to_string(veredito.unseen) + " invisíveis; F5 joga";
+    robo_joga_ = false;
+    TimerRobo.Interval = kQuieta;
+    TimerRobo.Enabled = true;
   }
+  Escreve();
+}
+
+/// Once the hand has been quiet for a while a robot plays what it has drawn.
+void FrmOficina::PerguntaAoRobo() {
+  constexpr int kOlhada = 100;  // ms
+  if (!robo_joga_) {
+    robo_joga_ = true;
+    TimerRobo.Interval = kOlhada;
+    return dono_.Robo.Joga(Agora());
+  }
+  if (!dono_.Robo.Pronto()) return;
+  TimerRobo.Enabled = false;
+  veredito_ += "; um robô " + TempoDe(dono_.Robo.Minutos());
   Escreve();
 }
 

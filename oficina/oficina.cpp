@@ -10,7 +10,8 @@ Oficina::Oficina(stage::Platform& maquina, std::span<const stage::Asset> assets,
       Arquivo(std::move(arquivo)),
       programa(maquina, assets),
       Guarda(maquina.Folders()),
-      Rascunho(maquina) {}
+      Rascunho(maquina),
+      Robo(maquina) {}
 
 void Oficina::Corre() {
   FrmOficina.Show();

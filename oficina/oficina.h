@@ -7,6 +7,7 @@
 #include "core/programa.h"
 #include "oficina/desenho/guarda.h"
 #include "oficina/rascunho.h"
+#include "oficina/robo.h"
 
 namespace oficina {
 
@@ -22,6 +23,7 @@ struct Oficina {
   stage::Stage& Palco = programa.Palco;
   desenho::Guarda Guarda;
   oficina::Rascunho Rascunho;
+  oficina::Robo Robo;
 
   stage::FormName<oficina::FrmOficina, Oficina> FrmOficina{Palco, *this};
 

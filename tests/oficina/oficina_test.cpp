@@ -44,6 +44,22 @@ TEST_F(Workshop, DrawsAndUndoes) {
   EXPECT_EQ(Depois(Arrasta(Tijolo(5, 1), fila[1])), (std::vector{fila[0], fila[1], Tijolo(5, 1), fila[2]}));
 }
 
+TEST_F(Workshop, TellsHowLongARobotTakesOnceTheHandIsQuiet) {
+  const auto told = [&](const std::string& lines) {
+    Depois(lines + "move " + Em(6000, 7000) + '\n');
+    Depois("beats 96\n");
+    return bancada.Words();
+  };
+  const std::string um = told(PoeEm(Tijolo(10, 5)));
+  EXPECT_NE(um.find("um robô leva 0 min "), std::string::npos) << um;
+  const std::string dois = told(PoeEm(Tijolo(3, 2)) + PoeEm(Tijolo(20, 9)) + PoeEm(Tijolo(1, 0)));
+  EXPECT_NE(dois.find("um robô leva "), std::string::npos) << dois;
+  EXPECT_NE(um, dois);
+  Depois(PoeEm(Tijolo(12, 3)) + "move " + Em(6000, 7000) + '\n');
+  Depois("beats 30\n");
+  EXPECT_EQ(bancada.Words().find("robô"), std::string::npos) << "of another drawing";
+}
+
 TEST_F(Workshop, MovesResizesAndRemoves) {
   const Block um = Tijolo(2, 1);
   EXPECT_EQ(Depois(PoeEm(um) + Arrasta(um, Tijolo(7, 4))), std::vector(1, Tijolo(7, 4)));

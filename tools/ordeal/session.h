@@ -1,9 +1,8 @@
 // One run of the program in virtual time, with the bot in front of it and the invariants watched.
 #pragma once
 
-#include <memory>
-
 #include "assets/assets.h"
+#include "stage/machines/scripted/blind_artist.h"
 #include "tools/ordeal/bot.h"
 #include "tools/ordeal/invariants.h"
 
@@ -19,7 +18,7 @@ struct Broken {
 
 struct Session {
   Session(const std::filesystem::path& folder, std::uint32_t seed)
-      : platform(Setup(folder), *artist),
+      : platform(Setup(folder), artist),
         programa(platform, korvane::Assets()),
         bot(programa, platform, seed) {
     programa.Palco.Draws.Fix(seed);
@@ -42,7 +41,7 @@ struct Session {
     }
   }
 
-  std::unique_ptr<stage::Artist> artist = stage::MakeArtist();
+  stage::BlindArtist artist;
   stage::ScriptedPlatform platform;
   korvane::Programa programa;
   Bot bot;
