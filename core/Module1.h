@@ -52,6 +52,8 @@ struct Module1 {
   Vetor<Integer, 600> TipoBox;
   /// The program's folder as the machine names it, without a separator at its end.
   std::string AppPath;
+  /// A level is tried in the workshop: neither opening, help, names of records nor their table come up.
+  Flag Prova;
   /// The first launch by a click on the field has happened in this run.
   Flag Iniciado;
   /// Size of the ball's vertical step, form units.

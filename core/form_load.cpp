@@ -37,7 +37,7 @@ void game::Form_Load() {
   programa.game.Show();
   paused = true;
   Palco.ForgetInput();  // nobody has seen the help yet
-  ResumeNext([&] { programa.FrmHelp.Show(stage::kModal); });
+  if (!Module1.Prova) ResumeNext([&] { programa.FrmHelp.Show(stage::kModal); });
   paused = false;
   Timer_Move.Enabled = true;
 }

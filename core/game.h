@@ -168,14 +168,20 @@ class game : public stage::Form {
   void ExibeBolaAtual();
   void sound(std::string_view swave);
 
+ protected:
+  // What the field of the workshop has from that of play.
+  void DispoeBarra();
+  void DimensionaUser();
+  /// Lays a control where the series at hand has a block. Its numbers are those of a level file.
+  void DispoeBloco(stage::Control& bloco, Integer topo, Integer esquerda, Integer altura,
+                   Integer largura) const;
+
  private:
   friend TabelaBonus;
 
-  // Start-up, in this order.
-  void DispoeBarra();
+  // The rest of start-up.
   void DispoeVidas();
   void DispoeRotulos();
-  void DimensionaUser();
   void LeVelocidade();
 
   // The steps of a tick of the ball; those that answer tell whether the tick ends.

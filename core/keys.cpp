@@ -68,7 +68,7 @@ void game::Sai() {
   Palco.DoEvents();
   MostraCursor(Palco);
   Palco.DoEvents();
-  programa.FrmMostraRecords.Show(stage::kModal);
+  if (!Module1.Prova) programa.FrmMostraRecords.Show(stage::kModal);
   stage::Stage::End();
 }
 

@@ -33,6 +33,8 @@ struct Programa {
   /// Runs the program from its opening form to its end. An error that nothing handles comes out as
   /// RuntimeError.
   void Corre();
+  /// The same for a level that is tried: play comes up at once, and Esc ends it.
+  void CorreProva();
 };
 
 }  // namespace korvane

@@ -54,10 +54,7 @@ void game::CarregaFase(Integer num) {
     }
     Box.Load(ProximoBox);
     stage::Image& bloco = Box(ProximoBox);
-    bloco.Top = Single(Height / 35 * Serie + Redimensionar("top", registro.Top()));
-    bloco.Left = Single(Redimensionar("left", registro.Left()));
-    bloco.Height = Single(Redimensionar("top", registro.Height()));
-    bloco.Width = Single(Redimensionar("left", registro.Width()));
+    DispoeBloco(bloco, registro.Top(), registro.Left(), registro.Height(), registro.Width());
     bloco.Visible = true;
     Module1.TipoBox(ProximoBox) = registro.Type();
     if (registro.TypeIs(kRigido)) TemRigido = true;
@@ -69,6 +66,14 @@ void game::CarregaFase(Integer num) {
   ExibeBolaAtual();
   Label2.Caption = std::string("Tela: ") + "ABCDEFGHIJKLM"[Serie] + "-" + std::to_string(num);
   if (TipoPisca > 0) TimerPisca.Enabled = true;
+}
+
+void game::DispoeBloco(stage::Control& bloco, Integer topo, Integer esquerda, Integer altura,
+                       Integer largura) const {
+  bloco.Top = Single(Height / 35 * Serie + Redimensionar("top", topo));
+  bloco.Left = Single(Redimensionar("left", esquerda));
+  bloco.Height = Single(Redimensionar("top", altura));
+  bloco.Width = Single(Redimensionar("left", largura));
 }
 
 /// The carrier of the parked bonus stands behind the last block.

@@ -10,7 +10,7 @@ void game::gameover() {
   BolaPresa = true;
   paused = true;
   MostraCursor(Palco);
-  if (!VerificaRecord()) {
+  if (!Module1.Prova && !VerificaRecord()) {
     Palco.MsgBox("Você fez " + std::to_string(Module1.Pontos) + " pontos.");
     programa.FrmMostraRecords.Show();
   }

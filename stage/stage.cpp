@@ -58,6 +58,7 @@ void Stage::Sleep(std::chrono::milliseconds time) { platform_.Wait(platform_.Now
 
 void Stage::Show(const std::shared_ptr<Form>& form, Modality modality) {
   effects_.Clear();
+  keeper_.reset();
   std::erase(forms_, form);
   forms_.push_back(form);
   form->shown_ = true;
@@ -75,6 +76,7 @@ void Stage::Show(const std::shared_ptr<Form>& form, Modality modality) {
 void Stage::Unload(Form& form) {
   if (!form.loaded_) return;
   effects_.Clear();
+  if (keeper_.lock().get() == &form) keeper_.reset();
   form.Form_Unload();
   form.loaded_ = false;
   form.shown_ = false;
@@ -89,8 +91,8 @@ void Stage::CloseForms() {
 
 void Stage::MsgBox(const std::string& text) { Show(std::make_shared<MessageForm>(*this, text), kModal); }
 
-std::string Stage::InputBox(const std::string& prompt) {
-  const auto form = std::make_shared<InputForm>(*this, prompt);
+std::string Stage::InputBox(const std::string& prompt, const std::string& offered) {
+  const auto form = std::make_shared<InputForm>(*this, prompt, offered);
   Show(form, kModal);
   return form->Answer();
 }

@@ -29,7 +29,7 @@ class Stage {
   [[noreturn]] static void End();
   /// Blocks the whole program; nothing is painted and no event runs.
   void Sleep(std::chrono::milliseconds time);
-  /// Keys, text and clicks that wait reach no form. If the system wants to close one, all of them close.
+  /// Keys, text and buttons that wait reach no form. If the system wants to close one, all of them close.
   void ForgetInput();
 
   // Forms. Their names (FormName) and they themselves call these.
@@ -42,8 +42,8 @@ class Stage {
   // Dialogs.
 
   void MsgBox(const std::string& text);
-  /// The typed text, or the empty string on Cancel.
-  std::string InputBox(const std::string& prompt);
+  /// The typed text, or the empty string on Cancel. `offered` stands in the box at first.
+  std::string InputBox(const std::string& prompt, const std::string& offered = "");
   const std::string& Title() const { return title_; }
 
   // Painting.
@@ -97,13 +97,22 @@ class Stage {
   void Locate(const PointerMoved& pointer);
   void Handle(const PointerMoved& event);
   void Handle(const PointerPressed& event);
+  void Handle(const PointerReleased& event);
+  void Handle(const WheelTurned& event);
   void Handle(const KeyPressed& event);
   void Handle(const KeyReleased& event);
   void Handle(const TextTyped& event);
   void Handle(const CloseAsked& event);
   void Handle(const QuitAsked& event);
   void Handle(const DisplayChanged& event);
-  std::shared_ptr<Form> FormUnderPointer() const;
+  /// What the pointer's events are for: a form, or a control of it.
+  struct Pointed {
+    std::shared_ptr<Form> form;
+    Control* control = nullptr;
+  };
+  Pointed UnderPointer() const;
+  Place PlaceIn(const Form& form) const;
+  void Release(int button);
 
   Platform& platform_;
   std::string title_;
@@ -114,6 +123,8 @@ class Stage {
   FormList forms_;
   std::vector<const Form*> modal_;  // those whose Show has not returned
   TwipPoint pointer_;
+  int buttons_ = 0;                        // those that are down
+  std::weak_ptr<Form> keeper_;             // of the pointer, until no button is down
   std::optional<PixelPoint> pointer_set_;  // where the program has put it, until that is reported
   Long cursor_counter_ = 0;
   bool touched_ = false;

@@ -33,7 +33,8 @@ void Container::BringToFront(Control& control) {
 
 Control* Container::At(TwipPoint point) const {
   for (auto control = layers_.rbegin(); control != layers_.rend(); ++control) {
-    if ((*control)->Visible && (*control)->Area().Contains(point)) return (*control)->At(point);
+    if ((*control)->Visible && (*control)->Enabled && (*control)->Area().Contains(point))
+      return (*control)->At(point);
   }
   return nullptr;
 }
@@ -108,6 +109,7 @@ Image::Image(Container& container, const Design& design, PictureRef picture, boo
 Image::Image(Container& container, const Image& other)
     : Control(container, {}), Stretch(this, other.Stretch.Get()), Picture(this, other.Picture.Get()) {
   Visible = false;
+  Enabled = other.Enabled;
   Left = other.Left;
   Top = other.Top;
   Width = other.Width;

@@ -40,7 +40,7 @@ class Container {
   /// Puts a control directly above another, or in front of all of its sort.
   void PlaceAbove(Control& control, const Control& below);
   void BringToFront(Control& control);
-  /// The topmost visible control at a point of the screen, also inside picture boxes.
+  /// The topmost control at a point of the screen that is visible and enabled, also inside picture boxes.
   Control* At(TwipPoint point) const;
   void TakeChangesOfControls(const Viewport& viewport, bool moved, Region& changed) const;
   /// Paints the controls, as their changes were last taken, on an interior that is already clear.
@@ -61,7 +61,7 @@ struct Design {
 
 using ClickHandler = std::function<void()>;
 /// X and Y count from the control's corner; in units of its own interior if it has one, else of its
-/// container.
+/// container. Button tells which are down.
 using MouseMoveHandler = std::function<void(Integer Button, Integer Shift, Single X, Single Y)>;
 
 class Control {
@@ -126,6 +126,8 @@ class Control {
   Property<Single, &Control::Changing, Double> Width;
   Property<Single, &Control::Changing, Double> Height;
 
+  /// Without it the pointer goes through to what lies beneath.
+  bool Enabled = true;
   ClickHandler Click;
   MouseMoveHandler MouseMove;
 };

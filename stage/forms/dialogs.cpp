@@ -68,14 +68,16 @@ MessageForm::MessageForm(Stage& stage, const std::string& text)
   SetFocus(ok_);
 }
 
-InputForm::InputForm(Stage& stage, const std::string& prompt)
+InputForm::InputForm(Stage& stage, const std::string& prompt, const std::string& offered)
     : Dialog(stage, "InputBox", prompt, 4800, 2400),
-      field_(*this, {kMargin, 1080, Width - 2 * kMargin, 390}, {kFont, Rgb(255, 255, 255)}, "", kMostTyped),
+      field_(*this, {kMargin, 1080, Width - 2 * kMargin, 390}, {kFont, Rgb(255, 255, 255)}, offered,
+             kMostTyped),
       ok_(*this, ButtonPlace(0, 2), "OK"),
       cancel_(*this, ButtonPlace(1, 2), "Cancel") {
   ok_.Click = [this] { Accept(); };
   cancel_.Click = [this] { Unload(); };
   SetFocus(field_);
+  field_.SelectAll();
 }
 
 void InputForm::Form_KeyDown(Integer KeyCode, Integer Shift) {

@@ -49,7 +49,7 @@ class MessageForm : public Dialog {
 
 class InputForm : public Dialog {
  public:
-  InputForm(Stage& stage, const std::string& prompt);
+  InputForm(Stage& stage, const std::string& prompt, const std::string& offered);
   /// The typed text, or the empty string if the box was not closed by OK or Enter.
   const std::string& Answer() const { return answer_; }
   void Form_KeyDown(Integer KeyCode, Integer Shift) override;

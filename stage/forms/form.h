@@ -21,11 +21,23 @@ class Form : public Container {
 
   virtual void Form_Load() {}
   virtual void Form_Activate() {}
+  /// The system asks the form to close; false keeps it open. At the end of the session nobody asks.
+  virtual bool Form_QueryUnload() { return true; }
   virtual void Form_Unload() {}
   virtual void Form_KeyDown(Integer /*KeyCode*/, Integer /*Shift*/) {}
   virtual void Form_KeyUp(Integer /*KeyCode*/, Integer /*Shift*/) {}
   virtual void Form_Click() {}
   virtual void Form_MouseMove(Integer /*Button*/, Integer /*Shift*/, Single /*X*/, Single /*Y*/) {}
+  /// A button goes down where no control is. A form that answers true keeps the pointer and hears of no
+  /// click: until no button is down, or another form is shown, moves, presses and releases are told to it
+  /// alone, over its controls and outside of it too.
+  virtual bool Form_MouseDown(Integer /*Button*/, Integer /*Shift*/, Single /*X*/, Single /*Y*/) {
+    return false;
+  }
+  /// Of a form that keeps the pointer.
+  virtual void Form_MouseUp(Integer /*Button*/, Integer /*Shift*/, Single /*X*/, Single /*Y*/) {}
+  /// Over the form or its controls.
+  virtual void Form_Wheel(Integer /*Steps*/, Integer /*Shift*/) {}
 
   void Unload();
   /// Paints the form now.

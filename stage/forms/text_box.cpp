@@ -25,6 +25,11 @@ TextBox::TextBox(Container& container, const Design& design, const Style& style,
 
 void TextBox::SetFocus() { GetContainer().Owner().SetFocus(*this); }
 
+void TextBox::SelectAll() {
+  MoveCaret(0, false);
+  MoveCaret(characters_.size(), true);
+}
+
 void TextBox::Resetting(const std::string& text) {
   characters_ = Characters(text);
   caret_ = anchor_ = 0;

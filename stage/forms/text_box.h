@@ -15,6 +15,8 @@ class TextBox : public Control {
   TextBox(Container& container, const Design& design, const Style& style, const std::string& text, int most);
 
   void SetFocus();
+  /// The next character typed takes the place of all there is.
+  void SelectAll();
 
   void Paint(const Canvas& canvas) const override;
   bool TakesFocus() const override { return true; }

@@ -70,6 +70,7 @@ class Platform {
   /// silence.
   virtual void PlaySound(const std::filesystem::path& file) = 0;
   virtual std::string Clipboard() = 0;
+  virtual void SetClipboard(const std::string& text) = 0;
   /// Characters typed are wanted from now on, or keys alone; at first these are.
   virtual void TextWanted(bool /*wanted*/) {}
   /// Runs `work`, which may have to wait for the disk and touches nothing of the program, beside the program.

@@ -155,6 +155,122 @@ TEST_F(Forms, AModalFormTakesAllInput) {
   EXPECT_EQ(form->Notes(), "key27/0 ");
 }
 
+/// Keeps the pointer, unless told not to, and notes what it hears of it.
+struct HandForm : NotingForm {
+  using NotingForm::NotingForm;
+  bool Form_MouseDown(Integer Button, Integer Shift, Single X, Single Y) override {
+    Note("down", Button, Shift, X, Y);
+    if (opens) opens();
+    return keeps;
+  }
+  void Form_MouseUp(Integer Button, Integer Shift, Single X, Single Y) override {
+    Note("up", Button, Shift, X, Y);
+  }
+  void Form_MouseMove(Integer Button, Integer Shift, Single X, Single Y) override {
+    Note("move", Button, Shift, X, Y);
+  }
+  void Form_Wheel(Integer Steps, Integer Shift) override {
+    notes += "wheel" + std::to_string(Steps) + "/" + std::to_string(Shift) + " ";
+  }
+  void Note(const char* what, Integer button, Integer shift, Single across, Single down) {
+    notes += what + std::to_string(button) + "/" + std::to_string(shift) + "@" +
+             std::to_string(std::lround(across)) + "," + std::to_string(std::lround(down)) + " ";
+  }
+  bool keeps = true;
+  std::function<void()> opens;
+};
+
+struct Hands : testing::Test {
+  Hands() {
+    form->Width = 3000;
+    bench.theatre.Show(form, kModeless);
+    form->Notes();
+  }
+  std::string Heard(std::vector<Event> events) {
+    for (Event& event : events) bench.platform.Send(std::move(event));
+    bench.theatre.DoEvents();
+    return form->Notes();
+  }
+  std::string MovedTo(Double x, Double y, int shift = 0) {
+    bench.platform.MoveTo(x, y, shift);
+    return Heard({});
+  }
+
+  Bench bench;
+  std::shared_ptr<HandForm> form = std::make_shared<HandForm>(bench.theatre);
+  Image image{*form, {0, 0, 300, 300}, bench.theatre.Pictures.Named("barra"), true};
+};
+
+TEST_F(Hands, AFormKeepsThePointerUntilNoButtonIsDown) {
+  std::string over_image;
+  image.MouseMove = [&](Integer button, Integer, Single, Single) { over_image += std::to_string(button); };
+  image.Click = [&] { over_image += "click"; };
+  EXPECT_EQ(MovedTo(900, 600), "move0/0@900,600 ");
+  EXPECT_EQ(Heard({PointerPressed{kRightButton, kCtrl}}), "down2/2@900,600 ");
+  EXPECT_EQ(MovedTo(100, 100, kShift), "move2/1@100,100 ");
+  EXPECT_EQ(Heard({PointerPressed{}}), "down1/0@100,100 ");
+  EXPECT_EQ(MovedTo(6000, 600), "move3/0@6000,600 ");
+  EXPECT_EQ(Heard({PointerReleased{kRightButton, 0}}), "up2/0@6000,600 ");
+  EXPECT_EQ(MovedTo(6000, 900), "move1/0@6000,900 ");
+  EXPECT_EQ(Heard({PointerReleased{}, PointerReleased{}}), "up1/0@6000,900 ");
+  EXPECT_EQ(MovedTo(6000, 600), "");
+  EXPECT_EQ(over_image, "");
+  MovedTo(100, 100);
+  EXPECT_EQ(Heard({PointerPressed{kRightButton}, PointerReleased{kRightButton}, PointerPressed{}}), "");
+  MovedTo(150, 150);
+  EXPECT_EQ(over_image, "0click1") << "the image hears of the main button alone, and of moves with it";
+}
+
+TEST_F(Hands, APressThatIsNotKeptIsAClickOfTheMainButton) {
+  form->keeps = false;
+  MovedTo(900, 600);
+  EXPECT_EQ(Heard({PointerPressed{kMiddleButton}}), "down4/0@900,600 ");
+  EXPECT_EQ(Heard({PointerPressed{}, PointerReleased{}}), "down1/0@900,600 click ");
+  image.Enabled = false;
+  MovedTo(100, 100);
+  EXPECT_EQ(Heard({PointerPressed{}}), "down1/0@100,100 click ");
+  EXPECT_EQ(Heard({WheelTurned{-2, kShift}}), "wheel-2/1 ");
+}
+
+TEST_F(Hands, ABoxThatOpensUnderAPressTakesThePointer) {
+  form->opens = [&] { bench.theatre.MsgBox("any"); };
+  bench.platform.Director = [&] {
+    bench.platform.Send(PointerReleased{});
+    bench.Press(key::kEsc);
+  };
+  MovedTo(900, 600);
+  EXPECT_EQ(Heard({PointerPressed{}}), "down1/0@900,600 ");
+  EXPECT_EQ(MovedTo(900, 900), "move0/0@900,900 ");
+  form->opens = {};
+  Heard({PointerPressed{}});
+  bench.platform.Send(PointerReleased{});
+  bench.theatre.ForgetInput();
+  EXPECT_EQ(MovedTo(6000, 900), "") << "a release that is forgotten is one";
+}
+
+TEST_F(Forms, AFormMayStayWhenTheSystemClosesIt) {
+  struct Staying : NotingForm {
+    using NotingForm::NotingForm;
+    bool Form_QueryUnload() override { return leaves; }
+    bool leaves = false;
+  };
+  const auto staying = std::make_shared<Staying>(bench.theatre);
+  bench.theatre.Show(staying, kModeless);
+  const auto tell = [&](const Event& event) {
+    bench.platform.Send(event);
+    bench.theatre.DoEvents();
+    return staying->Loaded();
+  };
+  EXPECT_TRUE(tell(CloseAsked{}));
+  staying->leaves = true;
+  EXPECT_FALSE(tell(CloseAsked{}));
+
+  const auto last = std::make_shared<Staying>(bench.theatre);
+  bench.theatre.Show(last, kModeless);
+  tell(QuitAsked{});
+  EXPECT_FALSE(last->Loaded()) << "the session's end does not ask";
+}
+
 TEST_F(Forms, ASessionThatEndsClosesTheInnermostFirst) {
   bench.theatre.Show(form, kModeless);
   bench.platform.Director = [&] { bench.platform.Send(QuitAsked{}); };

@@ -33,6 +33,9 @@ TEST(Replay, NamesTheLineThatCannotBeDone) {
       {"start\nbeat Nope", "line 2: no such timer: Nope"},
       {"start\nrnd 1", "line 2: a draw lies between 0 and 1"},
       {"start\nget Box(599)", "line 2: no such name: Box(599)"},
+      {"start\npress up", "line 2: no such button: up"},
+      {"start\nrelease", "line 2: nothing is pressed"},
+      {"start\ndrag 1 2 3", "line 2: wrong number of values"},
       {"start\npicture /nowhere/x.png", "line 2: cannot write /nowhere/x.png"}};
   for (const auto& [script, message] : cases) EXPECT_EQ(Play(script), message) << script;
 }
@@ -51,6 +54,21 @@ TEST(Replay, WritesWhatItReads) {
       "{\"NomeRecord\":\"a "
       "\\\"b\\\\\"}\n{\"paused\":-1}\n{\"Box(1).Visible\":0}\n{\"Timer2.Interval\":3000}\n"
       "{\"Pontos\":70000}\n");
+}
+
+TEST(Replay, PressesButtonsAsTheHandDoes) {
+  // The ball is launched by the main button alone; the paddle follows whatever is pressed.
+  const std::string start = "start\nkey 27\nbeats 1\nmove 3000 4000\n";
+  const std::string end = "\nbeats 1\nget BolaPresa User.Left";
+  const std::string held = "{\"BolaPresa\":-1,\"User.Left\":";
+  const std::string right = Play(start + "drag 3000 4000 6000 4000 right\nwheel -3" + end);
+  EXPECT_EQ(right, Play(start + "move 6000 4000" + end));
+  EXPECT_TRUE(right.starts_with(held)) << right;
+  EXPECT_NE(right, Play(start + end));
+  const std::string left = Play(start + "press left shift\nmove 6000 4000\nrelease" + end);
+  EXPECT_EQ(left, Play(start + "drag 3000 4000 6000 4000" + end));
+  EXPECT_EQ(left, Play(start + "move 6000 4000\nclick" + end));
+  EXPECT_FALSE(left.starts_with(held)) << left;
 }
 
 TEST(Replay, TicksOnlyTheTimersThatABeatNames) {

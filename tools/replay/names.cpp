@@ -1,10 +1,10 @@
 #include "tools/replay/names.h"
 
-#include <cstdlib>
 #include <optional>
 #include <stdexcept>
 
 #include "tools/replay/json.h"
+#include "tools/replay/words.h"
 
 namespace replay {
 namespace {
@@ -96,16 +96,6 @@ std::optional<Indexed> SplitIndex(std::string_view text) {
 }
 
 }  // namespace
-
-Double WordAsNumber(std::string_view word) {
-  const std::string text(word);
-  char* end = nullptr;
-  const Double value = std::strtod(text.c_str(), &end);
-  const bool whole = end == text.c_str() + text.size();
-  if (text.find_first_not_of("+-.0123456789e") != std::string::npos || text.empty() || !whole)
-    Refuse("not a number: " + text);
-  return value;
-}
 
 Names::Names(game& form) : form_(form) {
   timers_ = {{"Timer_Move", &form.Timer_Move},

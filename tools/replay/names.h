@@ -10,9 +10,6 @@
 
 namespace replay {
 
-/// The number that a word of a script says. Raises std::runtime_error.
-stage::Double WordAsNumber(std::string_view word);
-
 /// A value with a name. What cannot be written has no `write`.
 struct Name {
   std::string name;

@@ -1,33 +1,17 @@
 #include "tools/replay/replay.h"
 
-#include <sstream>
-
 #include "assets/assets.h"
 #include "stage/files/path_text.h"
 #include "stage/forms/dialogs.h"
 #include "stage/machines/scripted/picture_file.h"
 #include "tools/replay/json.h"
+#include "tools/replay/words.h"
 
 namespace replay {
 namespace {
 
 using stage::Double;
 using stage::Single;
-
-std::vector<std::string> Words(const std::string& text) {
-  std::istringstream stream(text);
-  std::vector<std::string> words;
-  for (std::string word; stream >> word;) words.push_back(word);
-  return words;
-}
-
-/// The numbers of a line, between `least` and `most` of them.
-std::vector<Double> Numbers(const std::string& text, std::size_t least, std::size_t most) {
-  std::vector<Double> numbers;
-  for (const std::string& word : Words(text)) numbers.push_back(WordAsNumber(word));
-  if (numbers.size() < least || numbers.size() > most) throw std::runtime_error("wrong number of values");
-  return numbers;
-}
 
 stage::Moment Seconds(const std::string& text) {
   constexpr Double kMost = 1e6;
@@ -143,6 +127,7 @@ void Replay::Direct() {
 bool Replay::Do(const Line& line) {
   stage::ScriptedPlatform& platform = played_->platform;
   const std::string& verb = line.verb;
+  if (input_.Send(platform, verb, line.rest)) return true;
   if (verb == "beats") {
     constexpr Double kMostBeats = 1e9;
     beats_ = Whole(line.rest, kMostBeats);
@@ -153,25 +138,6 @@ bool Replay::Do(const Line& line) {
     platform.SetSecondsOfDay(Numbers(line.rest, 1, 1)[0]);
   } else if (verb == "pass") {
     platform.Pass(Seconds(line.rest));
-  } else if (verb == "move") {
-    const auto place = Numbers(line.rest, 2, 2);
-    platform.MoveTo(place[0], place[1]);
-    return true;
-  } else if (verb == "click") {
-    platform.Send(stage::PointerPressed{});
-    return true;
-  } else if (verb == "key") {
-    const auto code = Numbers(line.rest, 1, 2);
-    const int shift = stage::CInt(code.size() == 2 ? code[1] : 0);
-    platform.Send(stage::KeyPressed{stage::CInt(code[0]), shift});
-    platform.Send(stage::KeyReleased{stage::CInt(code[0]), shift});
-    return true;
-  } else if (verb == "text") {
-    platform.Send(stage::TextTyped{line.rest});
-    return true;
-  } else if (verb == "close") {
-    platform.Send(stage::CloseAsked{});
-    return true;
   } else if (verb == "seed") {
     Seed(line.rest);
   } else if (verb == "rnd") {

@@ -12,6 +12,7 @@
 
 #include "core/game.h"
 #include "stage/machines/scripted/scripted_platform.h"
+#include "tools/replay/input.h"
 #include "tools/replay/names.h"
 #include "tools/temp_folder.h"
 
@@ -74,6 +75,7 @@ class Replay {
   std::deque<stage::Single> draws_;
   std::int64_t beats_ = 0;
   int line_ = 0;
+  Input input_;
   bool ended_ = false;
 };
 

@@ -25,12 +25,12 @@ void ScriptedPlatform::FinishWorks() {
 
 void ScriptedPlatform::Send(Event event) { events_.push_back(std::move(event)); }
 
-void ScriptedPlatform::MoveTo(Double x, Double y) {
-  MoveToPixel(Viewport(setup_.screen, DisplaySize()).ToPlace({x, y}));
+void ScriptedPlatform::MoveTo(Double x, Double y, int shift) {
+  MoveToPixel(Viewport(setup_.screen, DisplaySize()).ToPlace({x, y}), shift);
 }
 
-void ScriptedPlatform::MoveToPixel(PixelPlace place) {
-  pointer_ = {place.x, place.y};
+void ScriptedPlatform::MoveToPixel(PixelPlace place, int shift) {
+  pointer_ = {place.x, place.y, shift};
   Send(pointer_);
 }
 

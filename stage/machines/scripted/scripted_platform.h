@@ -38,9 +38,9 @@ class ScriptedPlatform : public Platform {
 
   void Send(Event event);
   /// The pointer moves to a place in twips of the screen.
-  void MoveTo(Double x, Double y);
+  void MoveTo(Double x, Double y, int shift = 0);
   /// The pointer moves to a place of the display.
-  void MoveToPixel(PixelPlace place);
+  void MoveToPixel(PixelPlace place, int shift = 0);
   void Pass(Moment time) { now_ += time; }
   /// Time passes to the next whole multiple of `beat`.
   void PassTo(Moment beat) { now_ = (now_ / beat + 1) * beat; }
@@ -55,7 +55,6 @@ class ScriptedPlatform : public Platform {
   /// The system's clock is set to this.
   void SetSecondsOfDay(Double seconds);
   bool WantsText() const { return text_wanted_; }
-  void SetClipboard(std::string text) { clipboard_ = std::move(text); }
   /// What runs beside the program is done; so it is whenever the program waits.
   void FinishWorks();
 
@@ -76,6 +75,7 @@ class ScriptedPlatform : public Platform {
   void MovePointer(PixelPoint place) override;
   void PlaySound(const std::filesystem::path& file) override;
   std::string Clipboard() override { return clipboard_; }
+  void SetClipboard(const std::string& text) override { clipboard_ = text; }
   void TextWanted(bool wanted) override { text_wanted_ = wanted; }
   void Beside(std::function<void()> work) override { works_.push_back(std::move(work)); }
   ProgramFolders Folders() override { return {setup_.folder, setup_.installed}; }

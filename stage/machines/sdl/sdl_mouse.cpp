@@ -5,12 +5,37 @@
 
 #include <cmath>
 
+#include "stage/machines/sdl/keys.h"
+
 namespace stage::sdl {
 namespace {
+
+/// 0 for a button that programs do not know.
+int ButtonOf(Uint8 button) {
+  switch (button) {
+    case SDL_BUTTON_LEFT:
+      return kLeftButton;
+    case SDL_BUTTON_RIGHT:
+      return kRightButton;
+    case SDL_BUTTON_MIDDLE:
+      return kMiddleButton;
+    default:
+      return 0;
+  }
+}
 
 int Rounded(Double value) { return static_cast<int>(std::lround(value)); }
 
 }  // namespace
+
+std::optional<Event> ButtonEvent(const SDL_Event& event) {
+  if (event.type != SDL_MOUSEBUTTONDOWN && event.type != SDL_MOUSEBUTTONUP) return std::nullopt;
+  const int button = ButtonOf(event.button.button);
+  if (button == 0) return std::nullopt;
+  const int shift = ShiftOf(SDL_GetModState());
+  if (event.type == SDL_MOUSEBUTTONUP) return PointerReleased{button, shift};
+  return PointerPressed{button, shift};
+}
 
 SdlMouse::Scale SdlMouse::PixelsOfAPoint() const {
   PixelSize points{1, 1};
@@ -23,10 +48,9 @@ SdlMouse::Scale SdlMouse::PixelsOfAPoint() const {
 std::optional<Event> SdlMouse::Translate(const SDL_Event& event) {
   if (event.type == SDL_MOUSEMOTION) {
     const Scale scale = PixelsOfAPoint();
-    return PointerMoved{event.motion.x * scale.x, event.motion.y * scale.y};
+    return PointerMoved{event.motion.x * scale.x, event.motion.y * scale.y, ShiftOf(SDL_GetModState())};
   }
-  if (event.type == SDL_MOUSEBUTTONDOWN && event.button.button == SDL_BUTTON_LEFT) return PointerPressed{};
-  return std::nullopt;
+  return ButtonEvent(event);
 }
 
 PixelPoint SdlMouse::Place() {

@@ -7,6 +7,9 @@ struct SDL_Window;
 
 namespace stage::sdl {
 
+/// A press or a release of a button, if SDL's event is one.
+std::optional<Event> ButtonEvent(const SDL_Event& event);
+
 class SdlMouse : public Mouse {
  public:
   explicit SdlMouse(SDL_Window* window) : window_(window) {}

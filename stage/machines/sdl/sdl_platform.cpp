@@ -22,6 +22,11 @@ std::string TakeString(char* text) {
   return owned ? std::string(owned.get()) : std::string();
 }
 
+/// Away from the player, also where the system turns the wheel's sense around.
+int StepsOf(const SDL_MouseWheelEvent& wheel) {
+  return wheel.direction == SDL_MOUSEWHEEL_FLIPPED ? -wheel.y : wheel.y;
+}
+
 bool IsMove(const Event& event) { return std::holds_alternative<PointerMoved>(event); }
 
 }  // namespace
@@ -106,6 +111,8 @@ std::optional<Event> SdlPlatform::Translate(const SDL_Event& event) {
       return KeyPressed{CodeOf(event.key.keysym), ShiftOf(event.key.keysym.mod)};
     case SDL_KEYUP:
       return KeyReleased{CodeOf(event.key.keysym), ShiftOf(event.key.keysym.mod)};
+    case SDL_MOUSEWHEEL:
+      return WheelTurned{StepsOf(event.wheel), ShiftOf(SDL_GetModState())};
     case SDL_TEXTINPUT:
       return TextTyped{event.text.text};
     case SDL_WINDOWEVENT:
@@ -162,6 +169,8 @@ void SdlPlatform::Beside(std::function<void()> work) {
 void SdlPlatform::TextWanted(bool wanted) { wanted ? SDL_StartTextInput() : SDL_StopTextInput(); }
 
 std::string SdlPlatform::Clipboard() { return TakeString(SDL_GetClipboardText()); }
+
+void SdlPlatform::SetClipboard(const std::string& text) { SDL_SetClipboardText(text.c_str()); }
 
 }  // namespace stage::sdl
 

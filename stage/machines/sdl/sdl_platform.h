@@ -38,6 +38,7 @@ class SdlPlatform : public Platform {
   void MovePointer(PixelPoint place) override;
   void PlaySound(const std::filesystem::path& file) override { voice_->Play(file); }
   std::string Clipboard() override;
+  void SetClipboard(const std::string& text) override;
   void TextWanted(bool wanted) override;
   void Beside(std::function<void()> work) override;
   ProgramFolders Folders() override { return folders_; }

@@ -8,6 +8,9 @@
 
 #include <cmath>
 
+#include "stage/machines/sdl/keys.h"
+#include "stage/machines/sdl/sdl_mouse.h"
+
 namespace stage::sdl {
 namespace {
 
@@ -56,8 +59,9 @@ void WaylandMouse::ListenToPointer() {
     };
     listener.button = [](void* self, wl_pointer*, std::uint32_t, std::uint32_t, std::uint32_t button,
                          std::uint32_t state) {
-      const bool pressed = button == BTN_LEFT && state == WL_POINTER_BUTTON_STATE_PRESSED;
-      if (As(self).over_window_ && pressed) As(self).Tell(PointerPressed{});
+      if (button < BTN_LEFT || button > BTN_MIDDLE) return;
+      const bool pressed = state == WL_POINTER_BUTTON_STATE_PRESSED;
+      if (As(self).over_window_) As(self).Pressed(1 << (button - BTN_LEFT), pressed);
     };
     listener.axis = [](void*, wl_pointer*, std::uint32_t, std::uint32_t, wl_fixed_t) {};
     return listener;
@@ -79,7 +83,14 @@ void WaylandMouse::MovedTo(PixelPlace points) {
   if (std::abs(points.x - place_.x) < kHair && std::abs(points.y - place_.y) < kHair) return;
   place_ = points;
   const Double scale = screen_.Scale();
-  Tell(PointerMoved{points.x * scale, points.y * scale});
+  Tell(PointerMoved{points.x * scale, points.y * scale, ShiftOf(SDL_GetModState())});
+}
+
+// The system's buttons are numbered left, right, middle, as the bits of Button are.
+void WaylandMouse::Pressed(int button, bool down) {
+  const int shift = ShiftOf(SDL_GetModState());
+  if (down) return Tell(PointerPressed{button, shift});
+  Tell(PointerReleased{button, shift});
 }
 
 std::optional<Event> WaylandMouse::Translate(const SDL_Event& event) {
@@ -93,8 +104,7 @@ std::optional<Event> WaylandMouse::Translate(const SDL_Event& event) {
     place_ = {Double(event.motion.x), Double(event.motion.y)};
     return PointerMoved{place_.x * screen_.Scale(), place_.y * screen_.Scale()};
   }
-  if (event.type == SDL_MOUSEBUTTONDOWN && event.button.which == SDL_TOUCH_MOUSEID) return PointerPressed{};
-  return std::nullopt;
+  return event.button.which == SDL_TOUCH_MOUSEID ? ButtonEvent(event) : std::nullopt;
 }
 
 PixelPoint WaylandMouse::Place() {

@@ -30,6 +30,7 @@ class WaylandMouse : public Mouse {
   void ListenToPointer();
   void Tell(Event event);
   void MovedTo(PixelPlace points);
+  void Pressed(int button, bool down);
   void Warp(PixelPlace points);
 
   SDL_Window* window_;

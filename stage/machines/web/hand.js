@@ -6,7 +6,7 @@ const Hand = {
   pointerShown: true,
 
   push(event) {
-    if (Clock.stopped() && event.kind !== 6) return;
+    if (Clock.stopped() && event.kind !== 6 && event.kind !== 7) return;
     // Of a run of moves only the last place counts.
     if (event.kind === 1 && this.queue.length && this.queue[this.queue.length - 1].kind === 1) this.queue.pop();
     this.queue.push(event);
@@ -20,20 +20,46 @@ const Hand = {
       event.preventDefault();  // what has the focus keeps it
       Typing.focus();
       Voice.open();
-      if (event.button !== 0) return;
       this.move(event);
-      this.push({ kind: 2 });
+      this.button(2, event);
     });
+    window.addEventListener('mouseup', (event) => this.button(7, event));
     canvas.addEventListener('contextmenu', (event) => event.preventDefault());
+    this.openWheel(canvas);
     this.openFingers(canvas);
     this.openKeys();
   },
 
-  move({ clientX, clientY }) {
+  move(event) {
     const box = this.canvas.getBoundingClientRect();
-    this.x = ((clientX - box.left) * this.canvas.width) / box.width;
-    this.y = ((clientY - box.top) * this.canvas.height) / box.height;
-    this.push({ kind: 1, x: this.x, y: this.y });
+    this.x = ((event.clientX - box.left) * this.canvas.width) / box.width;
+    this.y = ((event.clientY - box.top) * this.canvas.height) / box.height;
+    this.push({ kind: 1, x: this.x, y: this.y, shift: this.shift(event) });
+  },
+
+  // A mouse has others than these three, which mean nothing here.
+  button(kind, event) {
+    const code = [1, 4, 2][event.button];
+    if (code) this.push({ kind, code, shift: this.shift(event) });
+  },
+
+  shift(event) {
+    return (event.shiftKey ? 1 : 0) | (event.ctrlKey || event.metaKey ? 2 : 0) | (event.altKey ? 4 : 0);
+  },
+
+  // With Ctrl the wheel is the browser's.
+  openWheel(canvas) {
+    const kStep = [100, 3, 1];  // in pixels, lines and pages, one of which the browser counts in
+    let turned = 0;
+    const turn = (event) => {
+      if (event.ctrlKey) return;
+      event.preventDefault();
+      turned += event.deltaY / kStep[event.deltaMode];
+      const steps = Math.trunc(turned);
+      turned -= steps;
+      if (steps) this.push({ kind: 8, code: -steps, shift: this.shift(event) });
+    };
+    canvas.addEventListener('wheel', turn, { passive: false });
   },
 
   // The first finger steers; a short touch in one place presses.
@@ -63,7 +89,8 @@ const Hand = {
       const way = Math.hypot(touch.clientX - first.clientX, touch.clientY - first.clientY);
       if (event.timeStamp - first.at < kShort && way < kOnePlace) {
         Typing.focus();
-        this.push({ kind: 2 });
+        this.push({ kind: 2, code: 1 });
+        this.push({ kind: 7, code: 1 });
       }
       first = null;
     });
@@ -85,8 +112,7 @@ const Hand = {
       const ours = kEditing.has(event.keyCode) || event.keyCode === kF1;
       if ((ours && !command && !event.altKey) || (command && (event.key === 'a' || event.key === 'p')))
         event.preventDefault();
-      const shift = (event.shiftKey ? 1 : 0) | (command ? 2 : 0) | (event.altKey ? 4 : 0);
-      this.push({ kind, code: known(event.keyCode) ? event.keyCode : 0, shift });
+      this.push({ kind, code: known(event.keyCode) ? event.keyCode : 0, shift: this.shift(event) });
     };
     window.addEventListener('keydown', heard(3));
     window.addEventListener('keyup', heard(4));
@@ -144,6 +170,11 @@ const Typing = {
     this.wanted = wanted;
     this.clear();
     this.focus();
+  },
+
+  // A browser may refuse; then the clipboard keeps what it has.
+  copy(text) {
+    if (navigator.clipboard) navigator.clipboard.writeText(text).catch(() => {});
   },
 
   // On a phone the keyboard comes up with it, if a finger has just asked for something.

@@ -28,6 +28,7 @@ mergeInto(LibraryManager.library, {
   page_pointer_x: function() { return Math.round(Hand.x); },
   page_pointer_y: function() { return Math.round(Hand.y); },
   page_want_text: function(wanted) { Typing.want(!!wanted); },
+  page_set_clipboard: function(text) { Typing.copy(UTF8ToString(text)); },
   page_play: function(file) { Voice.play(UTF8ToString(file)); },
   page_close: function() { if (Module.onClose) Module.onClose(); },
 

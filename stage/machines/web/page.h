@@ -7,9 +7,9 @@
 extern "C" {
 
 struct PageEvent {
-  enum Kind : std::int32_t { kNone, kMoved, kPressed, kKeyDown, kKeyUp, kTyped, kDisplay };
+  enum Kind : std::int32_t { kNone, kMoved, kPressed, kKeyDown, kKeyUp, kTyped, kDisplay, kReleased, kWheel };
   std::int32_t kind;
-  std::int32_t code;
+  std::int32_t code;  // of the key or the button, or the steps of the wheel
   std::int32_t shift;
   std::int32_t unused;
   double x;
@@ -34,6 +34,7 @@ void page_show_pointer(bool shown);
 int page_pointer_x();
 int page_pointer_y();
 void page_want_text(bool wanted);
+void page_set_clipboard(const char* text);
 void page_play(const char* file);
 /// The program has ended.
 void page_close();

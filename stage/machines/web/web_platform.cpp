@@ -55,9 +55,13 @@ std::optional<Event> WebPlatform::NextEvent() {
   page_next_event(&event);
   switch (event.kind) {
     case PageEvent::kMoved:
-      return PointerMoved{event.x, event.y};
+      return PointerMoved{event.x, event.y, event.shift};
     case PageEvent::kPressed:
-      return PointerPressed{};
+      return PointerPressed{event.code, event.shift};
+    case PageEvent::kReleased:
+      return PointerReleased{event.code, event.shift};
+    case PageEvent::kWheel:
+      return WheelTurned{event.code, event.shift};
     case PageEvent::kKeyDown:
       return KeyPressed{event.code, event.shift};
     case PageEvent::kKeyUp:
@@ -84,6 +88,8 @@ void WebPlatform::ShowPointer(bool shown) { page_show_pointer(shown); }
 PixelPoint WebPlatform::PointerPlace() { return {page_pointer_x(), page_pointer_y()}; }
 
 void WebPlatform::PlaySound(const std::filesystem::path& file) { page_play(file.c_str()); }
+
+void WebPlatform::SetClipboard(const std::string& text) { page_set_clipboard(text.c_str()); }
 
 void WebPlatform::TextWanted(bool wanted) { page_want_text(wanted); }
 

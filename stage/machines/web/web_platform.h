@@ -32,6 +32,7 @@ class WebPlatform : public Platform {
   void PlaySound(const std::filesystem::path& file) override;
   /// The browser brings what is pasted as text typed.
   std::string Clipboard() override { return {}; }
+  void SetClipboard(const std::string& text) override;
   void TextWanted(bool wanted) override;
   /// Files lie in memory, so there is nothing to wait for.
   void Beside(std::function<void()> work) override { work(); }

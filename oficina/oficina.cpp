@@ -1,0 +1,20 @@
+#include "oficina/oficina.h"
+
+#include "oficina/FrmOficina.h"
+
+namespace oficina {
+
+Oficina::Oficina(stage::Platform& maquina, std::span<const stage::Asset> assets,
+                 std::filesystem::path arquivo)
+    : Assets(assets),
+      Arquivo(std::move(arquivo)),
+      programa(maquina, assets),
+      Guarda(maquina.Folders()),
+      Rascunho(maquina) {}
+
+void Oficina::Corre() {
+  FrmOficina.Show();
+  Palco.Run();
+}
+
+}  // namespace oficina

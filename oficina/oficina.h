@@ -1,0 +1,32 @@
+// The workshop: the game's stage and designs, the files, and the form that the drawing lies on.
+#pragma once
+
+#include <filesystem>
+#include <span>
+
+#include "core/programa.h"
+#include "oficina/desenho/guarda.h"
+#include "oficina/rascunho.h"
+
+namespace oficina {
+
+class FrmOficina;
+
+struct Oficina {
+  /// `arquivo` is opened at the start; none if it is empty.
+  Oficina(stage::Platform& maquina, std::span<const stage::Asset> assets, std::filesystem::path arquivo = {});
+
+  std::span<const stage::Asset> Assets;
+  std::filesystem::path Arquivo;
+  korvane::Programa programa;
+  stage::Stage& Palco = programa.Palco;
+  desenho::Guarda Guarda;
+  oficina::Rascunho Rascunho;
+
+  stage::FormName<oficina::FrmOficina, Oficina> FrmOficina{Palco, *this};
+
+  /// Runs the workshop to its end. An error that nothing handles comes out as RuntimeError.
+  void Corre();
+};
+
+}  // namespace oficina
