@@ -25,11 +25,11 @@ constexpr Linha kLinhas[] = {{"Clique", "põe um bloco; sobre um bloco, escolhe"
                              {"Ctrl + Z, Ctrl + Y", "desfaz, refaz"},
                              {"E, Ctrl + E", "espelha a escolha; em volta do meio do campo"},
                              {"1 a 4", "mostra a série A a D"},
-                             {"R", "regra da fase: o que pisca, o bônus barrado"},
-                             {"F5", "joga a fase; Esc volta"},
+                             {"R", "regra da tela: o que pisca, o bônus barrado"},
+                             {"F5", "joga a tela; Esc volta"},
                              {"Ctrl + O, Ctrl + S", "abre, guarda"},
                              {"Ctrl + M", "exporta um mapa de texto"},
-                             {"Ctrl + L", "copia o endereço da fase, para mandar a alguém"},
+                             {"Ctrl + L", "copia o endereço da tela, para mandar a alguém"},
                              {"Esc", "larga a escolha; sai"}};
 
 constexpr Double kMargem = 360;

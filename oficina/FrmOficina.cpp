@@ -74,10 +74,12 @@ FrmOficina::FrmOficina(Oficina& dono)
   TimerConfere.Tick = [this] { Confere(); };
   TimerRascunho.Tick = [this] { GuardaRascunho(); };
   Paleta.Click = [this](Integer tipo) { EscolheTipo(tipo); };
-  Paleta.MouseMove = [this](Integer tipo, auto...) { Sob("Tipo " + std::to_string(tipo)); };
+  Paleta.MouseMove = [this](Integer tipo, auto...) { SobFaixa("Tipo " + std::to_string(tipo)); };
   Series.Click = [this](Integer serie) { MostraSerie(serie); };
-  Series.MouseMove = [this](auto...) { Sob("A série mostra até onde os blocos descem"); };
+  Series.MouseMove = [this](auto...) { SobFaixa("A série mostra até onde os blocos descem"); };
   ImagemPisca.Click = TextoPisca.Click = ImagemBarrado.Click = TextoBarrado.Click = [this] { EditaRegra(); };
+  ImagemPisca.MouseMove = TextoPisca.MouseMove = ImagemBarrado.MouseMove = TextoBarrado.MouseMove =
+      [this](auto...) { SobFaixa("A regra: o tipo que pisca e o bônus que nunca cai"); };
 }
 
 void FrmOficina::Form_Load() {
@@ -96,12 +98,16 @@ void FrmOficina::Form_Activate() {
 }
 
 bool FrmOficina::Form_QueryUnload() {
+  descartado_ = PodeLargar();
+  return descartado_;
+}
+
+/// What is not saved is asked for.
+bool FrmOficina::PodeLargar() {
   if (!Mudado()) return true;
   const auto resposta =
       FrmPergunta::Pergunta(Palco, "O desenho ainda não foi guardado.", {"Guardar", "Não guardar", "Voltar"});
-  if (resposta == 0) return Guarda();
-  descartado_ = resposta == 1;
-  return descartado_;
+  return resposta == 0 ? Guarda() : resposta == 1;
 }
 
 void FrmOficina::Form_Unload() {

@@ -137,6 +137,7 @@ class FrmOficina : public korvane::game {
   void MarcaTipo();
   void Avisa(const std::string& aviso);
   void Sob(const std::string& palavras);
+  void SobFaixa(const std::string& palavras);
   void Escreve();
   void Confere();
   void EditaRegra();
@@ -144,8 +145,9 @@ class FrmOficina : public korvane::game {
   std::string PalavrasDoBloco(std::size_t bloco) const;
 
   // The files.
+  bool PodeLargar();
   void PerguntaAbrir();
-  void Abre(const std::filesystem::path& arquivo);
+  bool Abre(const std::filesystem::path& arquivo);
   void Comeca(desenho::Desenho desenho);
   bool Guarda();
   void Exporta();

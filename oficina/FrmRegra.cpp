@@ -31,7 +31,8 @@ const stage::Style kPalavras{kFonte, stage::Rgb(240, 240, 240)};
 const stage::Style kNoMeio{kFonte, stage::Rgb(240, 240, 240), stage::Align::kCenter};
 
 stage::Design LugarDoTipo(int tipo) {
-  return {kMargem + tipo % kColunas * kColuna, kTipos + tipo / kColunas * kFila, kColuna - 90, kFila - 100};
+  const int fila = tipo / kColunas;
+  return {kMargem + tipo % kColunas * kColuna, kTipos + fila * kFila, kColuna - 90, kFila - 100};
 }
 
 stage::Design LugarDoBonus(int lugar) { return {kMargem + lugar * kColunaBonus, kBonus + 400, 615, 585}; }
@@ -55,7 +56,7 @@ void Marque(Marca& marca, const stage::Design& lugar) {
 FrmRegra::FrmRegra(stage::Stage& palco, stage::ControlArray<stage::Image>& tipos, const desenho::Regra& regra)
     : Form(palco, "FrmRegra", {0, 0, kLargura, kAltura}),
       regra_(regra),
-      titulo_(*this, {kMargem, 150, kLargura, 300}, {kNegrito, stage::Rgb(255, 210, 63)}, "Regra da fase"),
+      titulo_(*this, {kMargem, 150, kLargura, 300}, {kNegrito, stage::Rgb(255, 210, 63)}, "Regra da tela"),
       pergunta_tipo_(*this, {kMargem, 750, kLargura, 300}, kPalavras, "Tipo que pisca"),
       tipos_(*this, "tipos",
              [&tipos](auto& array) {

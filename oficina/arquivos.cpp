@@ -43,22 +43,27 @@ path FrmOficina::ArquivoDe(const std::string& resposta, bool a_ler) const {
 }
 
 void FrmOficina::PerguntaAbrir() {
-  if (!Form_QueryUnload()) return;
-  const std::string resposta = Palco.InputBox("Número da fase a abrir, ou nome de um arquivo");
-  if (!resposta.empty()) Abre(ArquivoDe(resposta, true));
+  if (!PodeLargar()) return;
+  const std::string resposta = Palco.InputBox("Número da tela a abrir, ou nome de um arquivo");
+  if (!resposta.empty() && Abre(ArquivoDe(resposta, true))) dono_.Rascunho.Esquece();
 }
 
-void FrmOficina::Abre(const path& arquivo) try {
+bool FrmOficina::Abre(const path& arquivo) try {
   desenho::Aberto aberto = desenho::Abre(arquivo);
   arquivo_ = std::filesystem::absolute(arquivo).lexically_normal();
   nome_ = aberto.nome;
   Comeca(std::move(aberto.lido.desenho));
   const auto& faltas = aberto.lido.faltas;
-  if (faltas.empty()) return Avisa("Aberta: " + NomeDe(arquivo));
-  Avisa("Ficou de fora: " + faltas.front().Text() +
-        (faltas.size() > 1 ? " (e mais " + std::to_string(faltas.size() - 1) + ")" : ""));
+  if (faltas.empty()) {
+    Avisa("Aberta: " + NomeDe(arquivo));
+  } else {
+    Avisa("Ficou de fora: " + faltas.front().Text() +
+          (faltas.size() > 1 ? " (e mais " + std::to_string(faltas.size() - 1) + ")" : ""));
+  }
+  return true;
 } catch (const std::runtime_error& erro) {
   Avisa("Não se lê " + NomeDe(arquivo) + ": " + erro.what());
+  return false;
 }
 
 /// The name that the drawing is saved by unless another is typed.
@@ -72,6 +77,10 @@ std::string FrmOficina::Oferta() const {
 }
 
 bool FrmOficina::Guarda() {
+  if (Agora().blocos.empty()) {
+    Avisa("Não há o que guardar");
+    return false;
+  }
   const std::string resposta = Palco.InputBox("Guardar com o número, ou nome de um arquivo", Oferta());
   if (resposta.empty()) return false;
   path arquivo = ArquivoDe(resposta, false);
@@ -91,7 +100,7 @@ bool FrmOficina::Guarda() {
 }
 
 void FrmOficina::Exporta() {
-  const std::string nome = Palco.InputBox("Nome da fase no mapa", nome_);
+  const std::string nome = Palco.InputBox("Nome da tela no mapa", nome_);
   if (nome.empty()) return;
   const auto mapa = desenho::MapaDe(Agora(), nome);
   if (!mapa) return Avisa("O desenho não cabe na malha de um mapa de texto");

@@ -79,7 +79,7 @@ void FrmOficina::MostraAlcas() {
   const stage::TwipRect caixa = CaixaDaEscolha();
   for (std::size_t i = 0; i < Alcas.size(); ++i) {
     const desenho::Alca alca = kAlcas[i];
-    const bool cabe = alca.x == 0 ? caixa.width > 3 * kLado : alca.y != 0 || caixa.height > 3 * kLado;
+    const bool cabe = alca.x == 0 ? caixa.width > 2 * kLado : alca.y != 0 || caixa.height > 2 * kLado;
     if (escolha_.empty() || !cabe) {
       Alcas[i].Visible = false;
       continue;

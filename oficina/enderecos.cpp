@@ -19,10 +19,10 @@ void FrmOficina::AbrePedido(const std::string& pedido) {
 
 void FrmOficina::AbreEndereco(std::string_view endereco) {
   auto desenho = desenho::DoEndereco(endereco);
-  if (!desenho) return Avisa("O endereço não traz uma fase que se leia");
+  if (!desenho) return Avisa("O endereço não traz uma tela que se leia");
   Comeca(*std::move(desenho));
   Avisa("Aberta do endereço");
-  if (FrmPergunta::Pergunta(Palco, "O endereço traz uma fase.", {"Jogar", "Desenhar"}) == 0) Prova();
+  if (FrmPergunta::Pergunta(Palco, "O endereço traz uma tela.", {"Jogar", "Desenhar"}) == 0) Prova();
 }
 
 void FrmOficina::CopiaEndereco() {

@@ -109,7 +109,7 @@ void FrmOficina::EditaRegra() {
 }
 
 void FrmOficina::MostraTitulo() {
-  std::string titulo = arquivo_.empty() ? "Fase nova" : "Fase " + stage::TextOf(arquivo_.stem());
+  std::string titulo = arquivo_.empty() ? "Tela nova" : "Tela " + stage::TextOf(arquivo_.stem());
   if (!nome_.empty()) titulo += " · " + nome_;
   if (Mudado()) titulo += " *";
   Titulo.Caption = titulo;
@@ -123,6 +123,12 @@ void FrmOficina::Avisa(const std::string& aviso) {
 void FrmOficina::Sob(const std::string& palavras) {
   sob_ = palavras;
   Escreve();
+}
+
+/// The pointer has left the field.
+void FrmOficina::SobFaixa(const std::string& palavras) {
+  Sombra.Visible = false;
+  Sob(palavras);
 }
 
 /// What has just happened goes before what is under the pointer, and that before what is wrong.
@@ -149,9 +155,9 @@ void FrmOficina::Confere() {
   if (blocos.empty()) {
     veredito_ = "Clique põe um bloco, arraste pinta uma fila; F1 diz o resto";
   } else if (so_rigidos) {
-    veredito_ = "Só há blocos rígidos: a bola comum não tira nenhum";
+    veredito_ = "Só há blocos rígidos: a esfera comum não tira nenhum";
   } else if (!fora.empty()) {
-    veredito_ = "A bola não alcança " + std::to_string(fora.size()) + " dos blocos: a fase nunca acaba";
+    veredito_ = "A esfera não alcança " + std::to_string(fora.size()) + " dos blocos: a tela nunca acaba";
   } else if (veredito.fault) {
     veredito_ = veredito.fault->Text();
   } else {

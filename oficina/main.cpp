@@ -8,7 +8,7 @@
 
 int main(int count, char** arguments) {
   try {
-    const auto maquina = stage::MakePlatform("Korvane", "korvane");
+    const auto maquina = stage::MakePlatform("Oficina do Korvane", "korvane");
     oficina::Oficina(*maquina, korvane::Assets(), count > 1 ? arguments[1] : "").Corre();
     return 0;
   } catch (const std::exception& error) {

@@ -6,12 +6,12 @@ const Own = {
     again: 'Jogar de novo',
     notKept: 'Este navegador não guarda nada para esta página: os recordes acabam com ela.',
     keys: 'Mouse ou dedo: a raquete. Clique, toque ou espaço: lança a bola. F1: os bônus. P ou Pause: pausa. ' +
-      'Ctrl+A: outra fase. Esc: os recordes, depois o fim.',
+      'Ctrl+A: outra tela. Esc: os recordes, depois o fim.',
     help: 'Bônus',
-    jump: 'Outra fase',
+    jump: 'Outra tela',
     leave: 'Recordes e fim',
     close: 'Voltar ao jogo',
-    other: 'Oficina de fases',
+    other: 'Oficina de telas',
   },
   en: {
     over: 'The end. See you!',

@@ -1,12 +1,12 @@
 // What the page around the workshop has of its own.
 const Own = {
   pt: {
-    over: 'Fim. O que você guardou está entre as suas fases.',
+    over: 'Fim. O que você guardou está entre as suas telas.',
     failed: 'A oficina parou: ',
     again: 'Abrir de novo',
-    notKept: 'Este navegador não guarda nada para esta página: as fases acabam com ela. O endereço de uma fase a leva.',
-    keys: 'Clique: um bloco. Arraste: uma fila. Botão direito ou Delete: apaga. F5: joga a fase, Esc volta. ' +
-      'Ctrl+S: guarda. Ctrl+L: copia o endereço da fase, para mandar a alguém. F1: o resto.',
+    notKept: 'Este navegador não guarda nada para esta página: as telas acabam com ela. O endereço de uma tela a leva.',
+    keys: 'Clique: um bloco. Arraste: uma fila. Botão direito ou Delete: apaga. F5: joga a tela, Esc volta. ' +
+      'Ctrl+S: guarda. Ctrl+L: copia o endereço da tela, para mandar a alguém. F1: o resto.',
     help: 'Ajuda',
     play: 'Jogar',
     link: 'Copiar o endereço',

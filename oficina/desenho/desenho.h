@@ -27,7 +27,7 @@ struct Regra {
   bool operator==(const Regra&) const = default;
 };
 
-/// Later blocks lie on top of earlier ones. What all functions of this folder make of a drawing that is valid
+/// Earlier blocks lie on top of later ones. What all functions of this folder make of a drawing that is valid
 /// (Vale) is valid.
 struct Desenho {
   Regra regra;

@@ -116,7 +116,7 @@ Block NoCampo(Block bloco) {
 }
 
 std::optional<std::size_t> BlocoEm(const Desenho& desenho, Ponto ponto) {
-  for (std::size_t i = desenho.blocos.size(); i-- > 0;) {
+  for (std::size_t i = 0; i < desenho.blocos.size(); ++i) {
     const Block& bloco = desenho.blocos[i];
     if (ponto.x >= bloco.left && ponto.x < bloco.Right() && ponto.y >= bloco.top && ponto.y < bloco.Bottom())
       return i;

@@ -29,7 +29,7 @@ TEST(Edicao, PlacesGoToTheNearestOfTheGrid) {
 
 TEST(Edicao, FindsWhatIsUnderAPointOrABand) {
   const Desenho pilha{{}, {Tijolo(370, 765), Tijolo(860, 765), Tijolo(600, 900)}};
-  const std::pair<Ponto, std::optional<std::size_t>> pontos[] = {{{370, 765}, 0},   {{849, 1014}, 2},
+  const std::pair<Ponto, std::optional<std::size_t>> pontos[] = {{{370, 765}, 0},   {{849, 1014}, 0},
                                                                  {{369, 800}, {}},  {{855, 800}, {}},
                                                                  {{1080, 1014}, 1}, {{1340, 800}, {}}};
   for (const auto& [ponto, bloco] : pontos) EXPECT_EQ(BlocoEm(pilha, ponto), bloco) << ponto.x;

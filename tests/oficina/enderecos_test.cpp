@@ -45,7 +45,7 @@ TEST(Addresses, ThatCannotBeReadLeaveAnEmptyDrawing) {
     Bancada bancada({}, '#' + ruim);
     ASSERT_TRUE(bancada.Play("form\nbeats 1\n"));
     EXPECT_EQ(bancada.Forms(), "game ");
-    EXPECT_EQ(bancada.Words(), "O endereço não traz uma fase que se leia") << ruim.substr(0, 80);
+    EXPECT_EQ(bancada.Words(), "O endereço não traz uma tela que se leia") << ruim.substr(0, 80);
     EXPECT_EQ(bancada.Form().Agora(), desenho::Desenho{});
     ASSERT_TRUE(bancada.Play("key 76 2\nbeats 1\n"));
     EXPECT_EQ(bancada.Words(), "Não há o que mandar");

@@ -114,7 +114,7 @@ TEST_F(Workshop, SaysWhatKeepsALevelFromEnding) {
   Depois("wheel 3\n" + Arrasta(Tijolo(5, 0), Tijolo(7, 0)) + Arrasta(Tijolo(5, 2), Tijolo(7, 2)) +
          PoeEm(Tijolo(5, 1)) + PoeEm(Tijolo(7, 1)) + "wheel -3\n" + PoeEm(Tijolo(6, 1)) + "move " +
          Em(9000, 6000) + "\nbeats 30\n");
-  EXPECT_EQ(bancada.Words(), "A bola não alcança 1 dos blocos: a fase nunca acaba");
+  EXPECT_EQ(bancada.Words(), "A esfera não alcança 1 dos blocos: a tela nunca acaba");
   EXPECT_EQ(bancada.Form().Inalcancaveis.size(), 1U);
   EXPECT_TRUE(desenho::Check(desenho::SavDe(bancada.Form().Agora())).fault);
   Depois("move " + Meio(Tijolo(6, 2)) + "\npress right\nrelease\nmove " + Em(9000, 6000) + "\nbeats 30\n");
@@ -182,6 +182,14 @@ TEST_F(Workshop, KeepsUnsavedWorkAside) {
   EXPECT_FALSE(bancada.Play(PoeEm(Tijolo(4, 1)) + "quit\n"));
   bancada.platform->FinishWorks();
   EXPECT_EQ(rascunho(bancada)->blocos.size(), 2U) << "the session's end asks nothing and loses nothing";
+
+  // Who opens another level and thinks better of it keeps the drawing.
+  Bancada volta;
+  ASSERT_TRUE(volta.Play(PoeEm(Tijolo(2, 1)) + "beats 70\nkey 79 2\nkey 9\nkey 13\nkey 27\n"));
+  EXPECT_EQ(volta.Blocks().size(), 1U);
+  EXPECT_FALSE(volta.Play("quit\n"));
+  volta.platform->FinishWorks();
+  EXPECT_TRUE(rascunho(volta));
 
   const std::pair<const char*, std::size_t> respostas[] = {{"key 13\n", 1}, {"key 9\nkey 13\n", 0}};
   for (const auto& [resposta, blocos] : respostas) {

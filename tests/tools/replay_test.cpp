@@ -60,7 +60,7 @@ TEST(Replay, PressesButtonsAsTheHandDoes) {
   // The ball is launched by the main button alone; the paddle follows whatever is pressed.
   const std::string start = "start\nkey 27\nbeats 1\nmove 3000 4000\n";
   const std::string end = "\nbeats 1\nget BolaPresa User.Left";
-  const std::string held = "{\"BolaPresa\":-1,\"User.Left\":";
+  const std::string held = R"({"BolaPresa":-1,"User.Left":)";
   const std::string right = Play(start + "drag 3000 4000 6000 4000 right\nwheel -3" + end);
   EXPECT_EQ(right, Play(start + "move 6000 4000" + end));
   EXPECT_TRUE(right.starts_with(held)) << right;
