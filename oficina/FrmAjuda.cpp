@@ -29,6 +29,7 @@ constexpr Linha kLinhas[] = {{"Clique", "põe um bloco; sobre um bloco, escolhe"
                              {"F5", "joga a tela; Esc volta"},
                              {"Ctrl + O, Ctrl + S", "abre, guarda"},
                              {"Ctrl + M", "exporta um mapa de texto"},
+                             {"Ctrl + L", "copia o endereço da tela, para mandar a alguém"},
                              {"Esc", "larga a escolha; sai"}};
 
 constexpr Double kMargem = 360;

@@ -95,8 +95,8 @@ void FrmOficina::Form_Load() {
 }
 
 void FrmOficina::Form_Activate() {
-  if (!dono_.Arquivo.empty()) Abre(std::exchange(dono_.Arquivo, {}));
-  RecuperaRascunho();
+  AbrePedido(std::exchange(dono_.Pedido, {}));
+  if (Loaded()) RecuperaRascunho();
 }
 
 bool FrmOficina::Form_QueryUnload() {

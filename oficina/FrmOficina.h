@@ -5,6 +5,7 @@
 #include <array>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/game.h"
@@ -157,6 +158,11 @@ class FrmOficina : public korvane::game {
   std::filesystem::path ArquivoDe(const std::string& resposta, bool a_ler) const;
   std::string Oferta() const;
   void Prova();
+
+  // Drawings come in addresses and go in them.
+  void AbrePedido(const std::string& pedido);
+  void AbreEndereco(std::string_view endereco);
+  void CopiaEndereco();
 
   Oficina& dono_;
   desenho::Historia historia_;

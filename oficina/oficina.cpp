@@ -4,10 +4,9 @@
 
 namespace oficina {
 
-Oficina::Oficina(stage::Platform& maquina, std::span<const stage::Asset> assets,
-                 std::filesystem::path arquivo)
+Oficina::Oficina(stage::Platform& maquina, std::span<const stage::Asset> assets, std::string pedido)
     : Assets(assets),
-      Arquivo(std::move(arquivo)),
+      Pedido(std::move(pedido)),
       programa(maquina, assets),
       Guarda(maquina.Folders()),
       Rascunho(maquina),

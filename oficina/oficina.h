@@ -1,8 +1,8 @@
 // The workshop: the game's stage and designs, the files, and the form that the drawing lies on.
 #pragma once
 
-#include <filesystem>
 #include <span>
+#include <string>
 
 #include "core/programa.h"
 #include "oficina/desenho/guarda.h"
@@ -14,11 +14,12 @@ namespace oficina {
 class FrmOficina;
 
 struct Oficina {
-  /// `arquivo` is opened at the start; none if it is empty.
-  Oficina(stage::Platform& maquina, std::span<const stage::Asset> assets, std::filesystem::path arquivo = {});
+  /// `pedido` is opened at the start: the name of a file, or what stands from '#' on in an address; nothing
+  /// if it is empty.
+  Oficina(stage::Platform& maquina, std::span<const stage::Asset> assets, std::string pedido = {});
 
   std::span<const stage::Asset> Assets;
-  std::filesystem::path Arquivo;
+  std::string Pedido;
   korvane::Programa programa;
   stage::Stage& Palco = programa.Palco;
   desenho::Guarda Guarda;

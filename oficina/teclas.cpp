@@ -56,6 +56,8 @@ void FrmOficina::TeclaComCtrl(int codigo, int shift) {
       return;
     case kM:
       return Exporta();
+    case kL:
+      return CopiaEndereco();
     default:
       return;
   }

@@ -31,11 +31,8 @@ const Levels = {
   show() {
     document.getElementById('files').replaceChildren(...Files.all().map((name) => {
       const item = document.createElement('li');
-      const button = document.createElement('button');
-      button.type = 'button';
-      button.textContent = name;
-      button.onclick = () => this.handOut(name.split('/').pop(), new Blob([Files.read(Files.own + '/' + name)]));
-      item.append(button);
+      const file = Files.own + '/' + name;
+      item.append(Page.button(name, () => this.handOut(name.split('/').pop(), new Blob([Files.read(file)]))));
       return item;
     }));
   },

@@ -1,4 +1,4 @@
-// The page around the game: what is before it, over it and after it.
+// The page around the program: what is before it, over it and after it.
 const Page = {
   words: Words.here(),
   playing: false,
@@ -83,7 +83,7 @@ const Page = {
     this.by('bar').hidden = false;
     setTimeout(() => {
       Levels.start(makeWorker());
-      mayGoOffline();
+      mayGoOffline(Own.part);
     }, 300);
   },
 
@@ -113,21 +113,26 @@ const Page = {
     this.by('keys').textContent = words.keys;
     this.by('levels-title').textContent = words.levelsTitle;
     this.by('levels-how').textContent = words.levelsHow;
-    for (const id of ['choose', 'take', 'clear', 'close']) this.by(id).textContent = words[id];
+    for (const id of ['choose', 'take', 'clear', 'close', 'other'])
+      if (this.by(id)) this.by(id).textContent = words[id];
     this.by('close').onclick = () => this.by('menu').close();
     this.openKeys();
   },
 
-  // What has no other key on a phone. The game hears of it once its clock goes again.
+  button(text, onclick) {
+    const button = document.createElement('button');
+    return Object.assign(button, { type: 'button', textContent: text, onclick });
+  },
+
+  // What has no other key on a phone. The program hears of it once its clock goes again.
   openKeys() {
-    const kCtrl = 2;
     let chosen = null;
-    for (const [id, code, shift] of [['help', 112, 0], ['jump', 65, kCtrl], ['leave', 27, 0]]) {
-      this.by(id).textContent = this.words[id];
-      this.by(id).onclick = () => {
-        chosen = [code, shift];
+    for (const [id, key] of Object.entries(Own.actions)) {
+      const button = this.button(this.words[id], () => {
+        chosen = key;
         this.by('menu').close();
-      };
+      });
+      this.by('actions').append(Object.assign(button, { id }), ' ');
     }
     this.by('menu').addEventListener('close', () => {
       Clock.stop('menu', false);
@@ -205,6 +210,9 @@ function remember(name, text) {
 }
 
 var Module = {
+  arguments: Own.words,
+  keys: Own.keys,
+  keysWithCtrl: Own.keysWithCtrl,
   // Not before: files go into the program's memory, which must be there.
   preRun: [() => {
     addRunDependency('page');

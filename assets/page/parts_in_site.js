@@ -1,6 +1,11 @@
 // Where the page finds its parts: beside it.
 const makeWorker = () => new Worker('korvane-worker.js');
-const mayGoOffline = () => {
+const mayGoOffline = async (part) => {
   if (!navigator.serviceWorker || !/^https?:$/.test(location.protocol)) return;
-  navigator.serviceWorker.register('offline.js').catch(() => {});  // then it opens with a network alone
+  try {
+    await navigator.serviceWorker.register('offline.js');
+    (await navigator.serviceWorker.ready).active.postMessage(part);
+  } catch (error) {
+    // Then it opens with a network alone.
+  }
 };

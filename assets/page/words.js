@@ -1,31 +1,22 @@
-// What the page says, in Portuguese, or in English where the browser asks for it first.
+// What the page says, in Portuguese, or in English where the browser asks for it first. What only one of the pages
+// says is in its own script.
 const Words = {
   pt: {
     loading: 'Korvane…',
     elsewhere: 'O Korvane já está aberto em outra página. Esta espera por ela.',
     turn: 'Vire o telefone de lado, por favor.',
     noWasm: 'Este navegador não tem WebAssembly, de que o Korvane precisa.',
-    over: 'Fim. Até a próxima!',
-    failed: 'O jogo parou: ',
-    again: 'Jogar de novo',
-    notKept: 'Este navegador não guarda nada para esta página: os recordes acabam com ela.',
-    menu: 'Teclas, fases e arquivos',
+    menu: 'Teclas, telas e arquivos',
     mute: 'Sem som',
     full: 'Tela cheia',
-    keys: 'Mouse ou dedo: a raquete. Clique, toque ou espaço: lança a bola. F1: os bônus. P ou Pause: pausa. ' +
-      'Ctrl+A: outra fase. Esc: os recordes, depois o fim.',
-    help: 'Bônus',
-    jump: 'Outra fase',
-    leave: 'Recordes e fim',
-    levelsTitle: 'Suas fases',
-    levelsHow: 'Solte na página fases (.sav) ou desenhos (.txt), ou escolha-os aqui. Um arquivo com o número de ' +
-      'uma fase fica no lugar dela; outros vêm depois da última.',
+    levelsTitle: 'Suas telas',
+    levelsHow: 'Solte na página telas (.sav) ou desenhos (.txt), ou escolha-os aqui. Um arquivo com o número de ' +
+      'uma tela fica no lugar dela; outros vêm depois da última.',
     choose: 'Escolher…',
     take: 'Levar tudo (zip)',
     clear: 'Apagar tudo',
-    clearAsk: 'Apagar fases, recordes e a velocidade guardados neste navegador?',
-    close: 'Voltar ao jogo',
-    put: 'fase ',
+    clearAsk: 'Apagar telas, recordes e a velocidade guardados neste navegador?',
+    put: 'tela ',
     tooLarge: 'grande demais',
     unreadable: 'não se deixa ler',
   },
@@ -34,18 +25,9 @@ const Words = {
     elsewhere: 'Korvane is open in another page already. This one waits for it.',
     turn: 'Please turn your phone to its side.',
     noWasm: 'This browser has no WebAssembly, which Korvane needs.',
-    over: 'The end. See you!',
-    failed: 'The game has stopped: ',
-    again: 'Play again',
-    notKept: 'This browser keeps nothing for this page: records end with it.',
     menu: 'Keys, levels and files',
     mute: 'No sound',
     full: 'Full screen',
-    keys: 'Mouse or finger: the paddle. Click, tap or space: launches the ball. F1: the bonuses. P or Pause: pause. ' +
-      'Ctrl+A: another level. Esc: the records, then the end.',
-    help: 'Bonuses',
-    jump: 'Another level',
-    leave: 'Records and the end',
     levelsTitle: 'Your levels',
     levelsHow: 'Drop levels (.sav) or drawings (.txt) onto the page, or choose them here. A file with the number ' +
       'of a level takes its place; others come after the last one.',
@@ -53,7 +35,6 @@ const Words = {
     take: 'Take all (zip)',
     clear: 'Clear all',
     clearAsk: 'Clear the levels, records and speed that this browser keeps?',
-    close: 'Back to the game',
     put: 'level ',
     tooLarge: 'too large',
     unreadable: 'cannot be read',
@@ -63,6 +44,6 @@ const Words = {
     const first = navigator.languages.map((name) => name.slice(0, 2)).find((name) => name === 'pt' || name === 'en');
     const language = first || 'pt';
     document.documentElement.lang = language;
-    return this[language];
+    return { ...this[language], ...Own[language] };
   },
 };

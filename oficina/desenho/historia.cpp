@@ -21,7 +21,8 @@ bool Historia::Desfaz() { return Passa(feitos_, desfeitos_); }
 bool Historia::Refaz() { return Passa(desfeitos_, feitos_); }
 
 Historia::Troca Historia::Entre(const Desenho& de, const Desenho& para, int gesto) {
-  const auto [de_onde, para_onde] = std::ranges::mismatch(de.blocos, para.blocos);
+  const auto [de_onde, para_onde] =
+      std::mismatch(de.blocos.begin(), de.blocos.end(), para.blocos.begin(), para.blocos.end());
   auto de_fim = de.blocos.end();
   auto para_fim = para.blocos.end();
   while (de_fim != de_onde && para_fim != para_onde && *(de_fim - 1) == *(para_fim - 1)) {

@@ -126,7 +126,8 @@ bool Draws(const std::string& map, const Desenho& desenho, std::string_view name
     const Regra& rule = drawn.regra;
     return drawn_name == name && rule.barrado == desenho.regra.barrado && rule.pisca == desenho.regra.pisca &&
            (!Blinks(desenho) || rule == desenho.regra) &&
-           std::ranges::is_permutation(drawn.blocos, desenho.blocos);
+           std::is_permutation(drawn.blocos.begin(), drawn.blocos.end(), desenho.blocos.begin(),
+                               desenho.blocos.end());
   } catch (const MapError&) {
     return false;
   }
@@ -143,7 +144,9 @@ std::vector<int> StepsInto(int length) {
 
 /// Grids with this gap that may hold the blocks, the likeliest first.
 std::vector<Grid> GridsOf(const std::vector<Block>& blocks, int gap) {
-  const int top = std::ranges::min(blocks, {}, &Block::top).top;
+  const int top = std::min_element(blocks.begin(), blocks.end(), [](const Block& a, const Block& b) {
+                    return a.top < b.top;
+                  })->top;
   int across = 0;
   int down = 0;
   for (const Block& block : blocks) {

@@ -77,6 +77,8 @@ class Platform {
   /// One work runs after the other; before the platform ends all are done, but for one that takes too long.
   virtual void Beside(std::function<void()> work) = 0;
   virtual ProgramFolders Folders() = 0;
+  /// Where others find the program, as far as a '#' would follow; empty if they find it nowhere.
+  virtual std::string Address() { return {}; }
 };
 
 /// The machine that the program is built for. `title` names the program to its player, `name` its folders.

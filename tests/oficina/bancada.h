@@ -29,14 +29,16 @@ inline std::string Em(int x, int y) {
 
 class Bancada {
  public:
-  /// Files of the player's folder by name; `arquivo` is the one on the command line.
-  explicit Bancada(const std::map<std::string, std::string>& files = {}, const std::string& arquivo = "",
+  /// Files of the player's folder by name; `pedido` is the one on the command line, or an address.
+  explicit Bancada(const std::map<std::string, std::string>& files = {}, const std::string& pedido = "",
                    stage::ScriptedSetup setup = {}) {
     setup.folder = folder.Path();
     for (const auto& [name, content] : files) WriteFile(folder.Path() / name, content);
     platform.emplace(setup, artist);
     platform->Director = [this] { Direct(); };
-    oficina.emplace(*platform, korvane::Assets(), arquivo.empty() ? "" : folder.Path() / arquivo);
+    const bool arquivo = !pedido.empty() && pedido.front() != '#';
+    oficina.emplace(*platform, korvane::Assets(),
+                    arquivo ? stage::TextOf(folder.Path() / stage::PathOf(pedido)) : pedido);
   }
 
   /// Plays the lines; beside those of Input `beats N`, `quit` at the session's end, and `form`, which notes

@@ -117,6 +117,13 @@ class Page {
     await this.mouse('mouseReleased', x, y, 'left');
   }
 
+  async drag(from, to) {
+    await this.move(...from);
+    await this.mouse('mousePressed', ...from, 'left');
+    await this.move(...to);
+    await this.mouse('mouseReleased', ...to, 'left');
+  }
+
   // `code` is that of KeyboardEvent.keyCode; `text` what the key writes.
   async key(key, code, { text, ctrl = false } = {}) {
     const what = { key, windowsVirtualKeyCode: code, modifiers: ctrl ? 2 : 0 };

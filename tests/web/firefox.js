@@ -103,6 +103,11 @@ class Page {
                         { type: 'pointerUp', button: 0 });
   }
 
+  drag(from, to) {
+    const move = ([x, y]) => ({ type: 'pointerMove', x: Math.round(x), y: Math.round(y) });
+    return this.pointer(move(from), { type: 'pointerDown', button: 0 }, move(to), { type: 'pointerUp', button: 0 });
+  }
+
   keys(...actions) {
     return this.call('input.performActions', { actions: [{ type: 'key', id: 'keys', actions }] });
   }

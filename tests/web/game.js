@@ -102,6 +102,32 @@ class Game {
     return this.look(0, 0.05, 1, 0.52);
   }
 
+  // The workshop is there, with nothing under way.
+  async toDrawing() {
+    await this.sees("Own.part === 'workshop' && Page.playing", 'the workshop');
+    await this.still('the workshop');
+  }
+
+  // Paints from one place of the grid, a column and a row, to another, or a block in one.
+  async draw(from, to = from) {
+    const place = ([column, row]) => [(column * 490 + 610) / 12000 * this.page.width * 0.99375004,
+                                      (row * 260 + 890) / 10000 * this.page.height];
+    await this.page.drag(place(from), place(to));
+  }
+
+  // The drawing's address, as the workshop copies it.
+  async address() {
+    await this.evaluate(() => {
+      const { copy } = Typing;
+      Typing.copy = (text) => {
+        Page.copied = text;
+        copy.call(Typing, text);
+      };
+    });
+    await this.press('l', 76, { ctrl: true });
+    return until(() => this.evaluate('Page.copied'), 'the address');
+  }
+
   // Shoots every ball at the blocks and lets it fall, until the name is asked for.
   async lose() {
     await until(async () => {

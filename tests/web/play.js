@@ -260,6 +260,89 @@ const tests = {
     demand(out === said, 'the zip holds something else');
   },
 
+  async 'a level is drawn, sent by its address and played'(visit) {
+    const page = await visit.open(kDesk, visit.site.url + 'oficina.html');
+    const game = new Game(page);
+    await game.toDrawing();
+    const empty = await game.blocks();
+    await game.draw([3, 9]);
+    const one = await until(async () => {
+      const now = await game.blocks();
+      return now.lit > empty.lit && now;
+    }, 'a block');
+    await game.draw([0, 4], [23, 4]);
+    const drawn = await until(async () => {
+      const now = await game.blocks();
+      return now.lit > 20 * one.lit && now;
+    }, 'a row of blocks');
+    const address = await game.address();
+    await keep(page, 'workshop');
+    await page.close();
+
+    const friend = await visit.open(kDesk, address);
+    const play = new Game(friend);
+    await play.sees('Page.playing', 'the workshop');
+    await play.still('the question');
+    await keep(friend, 'address');
+    await play.press('Enter', 13, { text: '\r' });
+    await play.sees('!Hand.pointerShown', 'play');
+    await until(async () => Math.abs((await play.blocks()).lit - drawn.lit) < one.lit / 4, 'the level that was sent');
+    await until(async () => {
+      await play.click(0.4);
+      await later(500);
+      return (await play.blocks()).lit < drawn.lit - one.lit / 2;
+    }, 'a broken block', 60000);
+    await play.press('Escape', 27);
+    await play.sees('Hand.pointerShown', 'the drawing again');
+    await play.still('the question for the draft that the first page has left');
+    await play.press('Enter', 13, { text: '\r' });
+    await until(async () => (await play.blocks()).lit === drawn.lit, 'all blocks again');
+    demand(!(await play.records()), 'the game has left a record');
+  },
+
+  async 'a level that was saved is played by the game'(visit) {
+    const page = await visit.open(kDesk, visit.site.url + 'oficina.html');
+    const game = new Game(page);
+    await game.toDrawing();
+    await game.draw([0, 4], [23, 4]);
+    await game.sees("Files.names(Files.own + '/levels').includes('rascunho.sav')", 'the draft');
+    await game.press('s', 83, { ctrl: true });
+    await game.sees('Typing.wanted', 'the question for its number');
+    await page.insert('1');
+    await game.press('Enter', 13, { text: '\r' });
+    await game.sees("Files.read(Files.own + '/levels/1.sav') && !Files.writing", 'the level');
+    await game.evaluate("Page.openMenu(); Page.by('other').click()");
+    await game.sees("Own.part === 'game'", 'the page of the game');
+    await game.toField();
+    const own = await game.blocks();
+    demand(own.lit > 0 && own.first < 0.05 && own.last > 0.9 && (await game.look(0, 0.05, 1, 0.15)).lit === 0,
+           'another level than was saved');
+    demand(!(await game.evaluate("Files.names(Files.own + '/levels').includes('rascunho.sav')")), 'the draft is there');
+  },
+
+  async 'what an address cannot carry leaves an empty drawing'(visit) {
+    const workshop = visit.site.url + 'oficina.html';
+    let page = await visit.open(kDesk, workshop);
+    let game = new Game(page);
+    await game.toDrawing();
+    const empty = await game.look(0, 0, 1, 1);
+    await game.draw([3, 9]);
+    const address = await game.address();
+    await game.evaluate('Files.clear()');
+    await game.sees('!Files.writing', 'nothing that is kept');
+    const changed = address.replace(/.(?=.{6}$)/, (letter) => (letter === 'A' ? 'B' : 'A'));
+    for (const hostile of [changed, workshop + '#' + 'A'.repeat(100000), workshop + '#%00<script>"\'&']) {
+      await page.close();
+      page = await visit.open(kDesk, hostile);
+      game = new Game(page);
+      await game.toDrawing();
+      demand((await game.blocks()).lit === 0, 'blocks of ' + hostile.slice(0, 100));
+      const said = await game.look(0, 0, 1, 1);
+      demand(said.sum !== empty.sum, 'nothing is said of ' + hostile.slice(0, 100));
+    }
+    await keep(page, 'hostile');
+  },
+
   async 'sounds are those of the native synthesizer'(visit) {
     const page = await visit.open();
     const game = new Game(page);
@@ -340,8 +423,13 @@ const ofChromium = {
     await game.begun();
     await game.evaluate('navigator.serviceWorker.ready.then(() => true)');
     await game.sees('navigator.serviceWorker.controller', 'a page that is kept');
+    await page.go(site.url + 'oficina.html');
+    await game.toDrawing();
+    await until(() => game.evaluate("caches.match('korvane-oficina.wasm').then((kept) => !!kept)"), 'a kept workshop');
     await site.close();
     await page.reload();
+    await game.toDrawing();
+    await page.go(site.url);
     await game.begun();
     await game.sees('Page.sounded', 'the worker');
   },
@@ -353,6 +441,7 @@ const ofChromium = {
     await game.sees('Page.sounded', 'the worker');
     const inside = page.asked.filter((url) => !/^(data|blob):/.test(url));
     demand(inside.length === 1, 'it asks for ' + inside.join(' '));
+    demand(await game.evaluate("!Page.by('other')"), 'it leads to where nothing is');
   },
 
   async 'storage refused'(visit) {

@@ -1,27 +1,25 @@
-// Kills writers of the records and the speed at random moments, over and over, and looks at the files after
-// each time: "korvane-killtest TIMES". Exits 1 at the first file that is neither the old nor the new one.
+// Kills writers at random moments, over and over, and looks at the files after each time: those of the
+// records and the speed, "korvane-killtest TIMES", or those of levels that are drawn, "korvane-killtest
+// drawings TIMES". Exits 1 at the first file that is neither the old nor the new one.
 #include <algorithm>
-#include <chrono>
 #include <iostream>
 #include <optional>
 #include <random>
 #include <string>
-#include <thread>
 
 #include "records/store.h"
 #include "stage/files/path_text.h"
 #include "stage/files/profile.h"
 #include "stage/machines/machine.h"
 #include "tools/files.h"
-#include "tools/ordeal/child.h"
+#include "tools/ordeal/kill_drawings.h"
+#include "tools/ordeal/killing.h"
 #include "tools/temp_folder.h"
 
 namespace {
 
 using namespace korvane;
 using tools::ReadFile;
-
-constexpr int kLongestLife = 15000;  // microseconds
 
 /// The name in row `r` of the table that a writer stores at a turn. Tables differ in length.
 std::string NameOf(int writer, int turn, int r) {
@@ -46,11 +44,6 @@ std::string ConfigOf(int writer, int turn) {
 struct Told {
   int records = 0;
   int config = 0;
-
-  void Tell() const {
-    std::cout.write(reinterpret_cast<const char*>(this), sizeof *this).flush();
-    if (!std::cout) throw std::runtime_error("nobody listens");
-  }
 };
 
 /// Until it is killed.
@@ -59,7 +52,7 @@ struct Told {
   Module1 modulo;
   modulo.AppPath = stage::TextOf(folder);
   Told told{first - 1, first - 1};
-  told.Tell();
+  tools::Tell(told);
   for (int turn = first;; ++turn) {
     for (Integer r = 1; r <= 10; r = r + 1) {
       modulo.RecNome(r) = NameOf(writer, turn, r);
@@ -67,41 +60,31 @@ struct Told {
     }
     GravaRecords(modulo);
     told.records = turn;
-    told.Tell();
+    tools::Tell(told);
     stage::WritePrivateProfileStringA("SETUP", "Vkorv", std::to_string(SpeedOf(writer, turn)),
                                       folder / "config.ini");
     told.config = turn;
-    told.Tell();
+    tools::Tell(told);
   }
 }
 
-class Writer {
+class Writer : public tools::Victim<Told> {
  public:
-  /// Is at work already.
   Writer(const std::filesystem::path& folder, int number, int first)
-      : number_(number),
-        child_({"write", stage::TextOf(folder), std::to_string(number), std::to_string(first)}) {
-    if (!child_.Read(&told_, sizeof told_)) throw std::runtime_error("a writer did not begin");
-  }
+      : Victim({"write", stage::TextOf(folder), std::to_string(number), std::to_string(first)}),
+        number_(number) {}
 
-  void Kill() {
-    child_.Kill();
-    while (child_.Read(&told_, sizeof told_)) {
-    }
-  }
   /// The last turn that was done, or the one that was under way.
   bool MayHaveLeft(const std::string& records) const {
-    return records == RecordsOf(number_, told_.records) || records == RecordsOf(number_, told_.records + 1);
+    return records == RecordsOf(number_, Turns()) || records == RecordsOf(number_, Turns() + 1);
   }
   bool MayHaveLeftConfig(const std::string& config) const {
-    return config == ConfigOf(number_, told_.config) || config == ConfigOf(number_, told_.config + 1);
+    return config == ConfigOf(number_, Has().config) || config == ConfigOf(number_, Has().config + 1);
   }
-  int Turns() const { return told_.records; }
+  int Turns() const { return Has().records; }
 
  private:
   int number_;
-  tools::Child child_;
-  Told told_;
 };
 
 struct Count {
@@ -130,7 +113,7 @@ bool Round(const std::filesystem::path& folder, std::mt19937& any, Count& count)
   Writer one(folder, 0, first);
   std::optional<Writer> other;
   if (count.rounds % 2 == 1) other.emplace(folder, 1, first);
-  std::this_thread::sleep_for(std::chrono::microseconds(std::uniform_int_distribution(0, kLongestLife)(any)));
+  tools::LetLive(any);
   one.Kill();
   if (other) other->Kill();
   const std::string new_records = ReadFile(records);
@@ -150,11 +133,6 @@ bool Round(const std::filesystem::path& folder, std::mt19937& any, Count& count)
   return whole && kept_whole && config_whole && !old_stays;
 }
 
-std::ptrdiff_t FilesUnderWay(const std::filesystem::path& folder) {
-  return std::count_if(std::filesystem::directory_iterator(folder), {},
-                       [](const auto& entry) { return entry.path().extension() == ".tmp"; });
-}
-
 bool Kill(int times) {
   constexpr int kMostLeft = 3;  // one for each file that is ever written
   const tools::TempFolder folder("José 日本");
@@ -165,7 +143,7 @@ bool Kill(int times) {
   std::ptrdiff_t most_left = 0;
   for (; done.rounds < times; ++done.rounds) {
     if (!Round(folder.Path(), any, done)) return false;
-    const auto left = FilesUnderWay(folder.Path());
+    const auto left = tools::FilesUnderWay(folder.Path());
     done.left_behind += left > 0 ? 1 : 0;
     most_left = std::max(most_left, left);
   }
@@ -180,6 +158,10 @@ int main(int count, char** arguments) {
   try {
     if (count == 5 && std::string(arguments[1]) == "write")
       Write(stage::PathOf(arguments[2]), std::stoi(arguments[3]), std::stoi(arguments[4]));
+    if (count == 4 && std::string(arguments[1]) == "draw")
+      tools::WriteDrawings(stage::PathOf(arguments[2]), std::stoi(arguments[3]));
+    if (count == 3 && std::string(arguments[1]) == "drawings")
+      return tools::KillDrawings(std::stoi(arguments[2])) ? 0 : 1;
     return Kill(count > 1 ? std::stoi(arguments[1]) : 500) ? 0 : 1;
   } catch (const std::exception& error) {
     std::cerr << "korvane-killtest: " << error.what() << '\n';

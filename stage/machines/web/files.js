@@ -12,7 +12,7 @@ const Files = {
     this.own = '/home/' + name;
     this.installed = '/usr/share/' + name;
     FS.mkdirTree(this.own);
-    this.keepWhatIsReplaced();
+    this.keepWhatChanges();
     try {
       FS.mount(IDBFS, {}, this.own);
     } catch (error) {
@@ -32,12 +32,20 @@ const Files = {
     });
   },
 
-  // The program replaces a file by renaming another.
-  keepWhatIsReplaced() {
+  // The program replaces a file by renaming another, and removes what is there no more.
+  keepWhatChanges() {
     const rename = FS.rename;
+    const unlink = FS.unlink;
+    const changed = (file) => {
+      if (file.startsWith(this.own + '/')) this.keep();
+    };
     FS.rename = (from, to) => {
       rename(from, to);
-      if (to.startsWith(this.own + '/')) this.keep();
+      changed(to);
+    };
+    FS.unlink = (file) => {
+      unlink(file);
+      changed(file);
     };
   },
 
@@ -94,6 +102,5 @@ const Files = {
   clear() {
     for (const file of this.all()) FS.unlink(this.own + '/' + file);
     Voice.forget();
-    this.keep();
   },
 };

@@ -97,20 +97,22 @@ const Hand = {
     listen('touchcancel', () => (first = null));
   },
 
-  // A code of the program's is the browser's own. Other keys than those that programs know have none.
+  // A code of the program's is the browser's own. Other keys than those that programs know have none. Those that
+  // Module names are the program's alone.
   openKeys() {
-    const kEditing = new Set([8, 9, 13, 19, 27, 35, 36, 37, 38, 39, 40, 46]);
+    const kEditing = [8, 9, 13, 19, 27, 35, 36, 37, 38, 39, 40, 46];
     const kF1 = 112;
+    const ours = new Set([...kEditing, ...Module.keys]);
+    const oursWithCtrl = new Set(Module.keysWithCtrl);
     const known = (code) =>
-      kEditing.has(code) || code === 32 || (code >= 48 && code <= 57) || (code >= 65 && code <= 90) ||
+      kEditing.includes(code) || code === 32 || (code >= 48 && code <= 57) || (code >= 65 && code <= 90) ||
       (code >= kF1 && code < kF1 + 12);
     const heard = (kind) => (event) => {
       const composing = event.isComposing || event.keyCode === 229;
       if (composing || Clock.stopped() || (event.target.closest && event.target.closest('[data-keys]'))) return;
       if (kind === 3) Voice.open();
       const command = event.ctrlKey || event.metaKey;
-      const ours = kEditing.has(event.keyCode) || event.keyCode === kF1;
-      if ((ours && !command && !event.altKey) || (command && (event.key === 'a' || event.key === 'p')))
+      if (command ? oursWithCtrl.has(event.keyCode) : ours.has(event.keyCode) && !event.altKey)
         event.preventDefault();
       this.push({ kind, code: known(event.keyCode) ? event.keyCode : 0, shift: this.shift(event) });
     };
@@ -172,9 +174,17 @@ const Typing = {
     this.focus();
   },
 
-  // A browser may refuse; then the clipboard keeps what it has.
+  // Only pages that came over a safe line have the clipboard to themselves; others copy as a hand does.
   copy(text) {
-    if (navigator.clipboard) navigator.clipboard.writeText(text).catch(() => {});
+    const byHand = () => {
+      this.field.value = text;
+      this.field.select();
+      document.execCommand('copy');
+      this.clear();
+      this.focus();
+    };
+    if (navigator.clipboard) navigator.clipboard.writeText(text).catch(byHand);
+    else byHand();
   },
 
   // On a phone the keyboard comes up with it, if a finger has just asked for something.

@@ -30,6 +30,7 @@ mergeInto(LibraryManager.library, {
   page_want_text: function(wanted) { Typing.want(!!wanted); },
   page_set_clipboard: function(text) { Typing.copy(UTF8ToString(text)); },
   page_play: function(file) { Voice.play(UTF8ToString(file)); },
+  page_address: function(out, size) { stringToUTF8(location.href.split(/[?#]/)[0], out, size); },
   page_close: function() { if (Module.onClose) Module.onClose(); },
 
   page_take_picture__deps: ['$Asyncify'],

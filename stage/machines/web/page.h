@@ -36,6 +36,8 @@ int page_pointer_y();
 void page_want_text(bool wanted);
 void page_set_clipboard(const char* text);
 void page_play(const char* file);
+/// The page's address without what stands from '#' on, ended by 0; `size` is the room for it.
+void page_address(char* out, int size);
 /// The program has ended.
 void page_close();
 

@@ -1,5 +1,7 @@
 #include "stage/machines/web/web_platform.h"
 
+#include <array>
+
 #include "stage/machines/web/page.h"
 
 namespace stage::web {
@@ -90,6 +92,13 @@ PixelPoint WebPlatform::PointerPlace() { return {page_pointer_x(), page_pointer_
 void WebPlatform::PlaySound(const std::filesystem::path& file) { page_play(file.c_str()); }
 
 void WebPlatform::SetClipboard(const std::string& text) { page_set_clipboard(text.c_str()); }
+
+std::string WebPlatform::Address() {
+  constexpr int kMost = 2048;
+  std::array<char, kMost> address{};
+  page_address(address.data(), kMost);
+  return address.data();
+}
 
 void WebPlatform::TextWanted(bool wanted) { page_want_text(wanted); }
 

@@ -37,6 +37,7 @@ class WebPlatform : public Platform {
   /// Files lie in memory, so there is nothing to wait for.
   void Beside(std::function<void()> work) override { work(); }
   ProgramFolders Folders() override { return folders_; }
+  std::string Address() override;
 
  private:
   ProgramFolders folders_;
