@@ -163,7 +163,8 @@ enum class Side { kLeft, kTop, kRight, kBottom };
 
 /// How thick the two bands of an edge are together, at most of the places along it.
 int EdgeOf(const Bitmap& block, Side side) {
-  const auto [width, height] = block.size;
+  const int width = block.size.width;
+  const int height = block.size.height;
   const bool upright = side == Side::kLeft || side == Side::kRight;
   const auto pixel = [&](int along, int in) {
     if (side == Side::kRight) in = width - 1 - in;
