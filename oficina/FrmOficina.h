@@ -16,7 +16,6 @@
 namespace oficina {
 
 using stage::Double;
-using stage::Flag;
 using stage::Integer;
 using stage::Single;
 
@@ -76,7 +75,7 @@ class FrmOficina : public korvane::game {
     Gesto gesto = Gesto::kNada;
     int numero = 0;           // of the gesture, for the history
     desenho::Ponto inicio{};  // where the button went down
-    desenho::Ponto de{};      // the corner that the grid holds on to
+    desenho::Ponto de{};      // the corner that the grid holds on to, or how far the pointer has removed
     desenho::Alca alca{};
     desenho::Desenho antes{};
     desenho::Escolha escolha{};
@@ -110,6 +109,7 @@ class FrmOficina : public korvane::game {
   void ComecaNoBloco(std::size_t bloco, desenho::Ponto ponto, int shift);
   void Continua(desenho::Ponto ponto, int shift);
   void Arrasta(desenho::Ponto ponto, int shift);
+  void ApagaAte(desenho::Ponto ponto);
   void ApagaSob(desenho::Ponto ponto);
   void Desiste();
   void Termina();
@@ -172,7 +172,7 @@ class FrmOficina : public korvane::game {
   std::string aviso_;
   std::string sob_;
   std::string veredito_;
-  bool descartado_ = false;
+  bool descartado_ = false;  // by the player: what is not saved may be lost
 };
 
 }  // namespace oficina

@@ -56,6 +56,10 @@ TEST_F(Workshop, MovesResizesAndRemoves) {
             std::vector(1, Block{um.top, um.left, 250, 725, 1}));
   EXPECT_EQ(Depois("move " + Meio(um) + "\npress right\nrelease\n"), std::vector<Block>());
   EXPECT_EQ(Depois(kCtrlZ + Arrasta(um, um) + "key 46\n"), std::vector<Block>());
+  // A quick hand is told of in jumps.
+  Depois(Arrasta(um, Tijolo(9, 1)));
+  EXPECT_EQ(Depois("drag " + Meio(Tijolo(3, 1)) + ' ' + Meio(Tijolo(8, 1)) + " right\n"),
+            (std::vector{um, Tijolo(9, 1)}));
 }
 
 TEST_F(Workshop, GivesUpAGestureForAnotherButtonOrEsc) {
