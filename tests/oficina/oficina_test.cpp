@@ -3,6 +3,7 @@
 
 #include "oficina/desenho/check.h"
 #include "oficina/desenho/map.h"
+#include "tests/mesa.h"
 #include "tests/oficina/bancada.h"
 
 namespace {
@@ -145,6 +146,12 @@ TEST_F(Workshop, SavesUnderTheNextFreeNumber) {
   ASSERT_TRUE(cheia.Play(PoeEm(Tijolo(2, 1)) + kCtrlS + "key 13\n"));
   EXPECT_EQ(ReadFile(cheia.Level(2)), "pisca,0,500,0,0\n1025,1350,250,480,1\n");
   EXPECT_FALSE(cheia.Form().Mudado());
+  Mesa jogo({{"levels/1.sav", ReadFile(cheia.Level(2))}});
+  const stage::TwipRect em_jogo = jogo.Jogo().Box(1).Area();
+  const stage::TwipRect desenhado = cheia.Form().Box(1).Area();
+  EXPECT_EQ(std::tie(em_jogo.left, em_jogo.top, em_jogo.width, em_jogo.height),
+            std::tie(desenhado.left, desenhado.top, desenhado.width, desenhado.height))
+      << "it lies in play where it was drawn";
   // Another's level stays beside it.
   ASSERT_TRUE(cheia.Play(std::string(kCtrlS) + "text 1\nkey 13\n"));
   EXPECT_EQ(ReadFile(cheia.Level(1)), "pisca,0,500,0,0\n1025,1350,250,480,1\n");
