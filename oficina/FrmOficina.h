@@ -172,6 +172,8 @@ class FrmOficina : public korvane::game {
   std::string aviso_;
   std::string sob_;
   std::string veredito_;
+  bool por_responder_ =
+      false;                 // a drawing of an earlier run is there, and nobody has said what becomes of it
   bool descartado_ = false;  // by the player: what is not saved may be lost
 };
 

@@ -202,6 +202,13 @@ TEST_F(Workshop, KeepsUnsavedWorkAside) {
   volta.platform->FinishWorks();
   EXPECT_TRUE(rascunho(volta));
 
+  // Who says neither yes nor no is asked again.
+  for (const char* const nada : {"quit\n", "key 27\nkey 27\n"}) {
+    Bancada calada({{"levels/rascunho.sav", guardado}}, "");
+    EXPECT_FALSE(calada.Play(nada));
+    calada.platform->FinishWorks();
+    EXPECT_TRUE(rascunho(calada));
+  }
   const std::pair<const char*, std::size_t> respostas[] = {{"key 13\n", 1}, {"key 9\nkey 13\n", 0}};
   for (const auto& [resposta, blocos] : respostas) {
     Bancada outra({{"levels/rascunho.sav", guardado}}, "");
