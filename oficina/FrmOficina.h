@@ -36,7 +36,6 @@ class FrmOficina : public korvane::game {
   void Form_Unload() override;
   void Form_KeyDown(Integer KeyCode, Integer Shift) override;
   void Form_KeyUp(Integer KeyCode, Integer Shift) override;
-  void Form_Click() override {}
   bool Form_MouseDown(Integer Button, Integer Shift, Single X, Single Y) override;
   void Form_MouseMove(Integer Button, Integer Shift, Single X, Single Y) override;
   void Form_MouseUp(Integer Button, Integer Shift, Single X, Single Y) override;
