@@ -17,7 +17,6 @@
 namespace oficina {
 
 using stage::Double;
-using stage::Flag;
 using stage::Integer;
 using stage::Single;
 
@@ -38,7 +37,6 @@ class FrmOficina : public korvane::game {
   void Form_Unload() override;
   void Form_KeyDown(Integer KeyCode, Integer Shift) override;
   void Form_KeyUp(Integer KeyCode, Integer Shift) override;
-  void Form_Click() override {}
   bool Form_MouseDown(Integer Button, Integer Shift, Single X, Single Y) override;
   void Form_MouseMove(Integer Button, Integer Shift, Single X, Single Y) override;
   void Form_MouseUp(Integer Button, Integer Shift, Single X, Single Y) override;
@@ -78,7 +76,7 @@ class FrmOficina : public korvane::game {
     Gesto gesto = Gesto::kNada;
     int numero = 0;           // of the gesture, for the history
     desenho::Ponto inicio{};  // where the button went down
-    desenho::Ponto de{};      // the corner that the grid holds on to
+    desenho::Ponto de{};      // the corner that the grid holds on to, or how far the pointer has removed
     desenho::Alca alca{};
     desenho::Desenho antes{};
     desenho::Escolha escolha{};
@@ -112,6 +110,7 @@ class FrmOficina : public korvane::game {
   void ComecaNoBloco(std::size_t bloco, desenho::Ponto ponto, int shift);
   void Continua(desenho::Ponto ponto, int shift);
   void Arrasta(desenho::Ponto ponto, int shift);
+  void ApagaAte(desenho::Ponto ponto);
   void ApagaSob(desenho::Ponto ponto);
   void Desiste();
   void Termina();
@@ -181,7 +180,8 @@ class FrmOficina : public korvane::game {
   std::string sob_;
   std::string veredito_;
   bool robo_joga_ = false;
-  bool descartado_ = false;
+  bool por_responder_ = false;  // nobody has said what becomes of the drawing of an earlier run
+  bool descartado_ = false;     // by the player: what is not saved may be lost
 };
 
 }  // namespace oficina
