@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "core/programa.h"
+#include "stage/files/temp_folder.h"
 #include "stage/files/text_file.h"
-#include "tools/temp_folder.h"
 
 namespace oficina {
 namespace {
@@ -66,7 +66,7 @@ void Prepara(const path& pasta, const path& do_jogador, const desenho::Desenho& 
 
 FimDaProva Prova(stage::Platform& maquina, std::span<const stage::Asset> assets,
                  const desenho::Desenho& desenho) {
-  const tools::TempFolder pasta;
+  const stage::TempFolder pasta;
   Prepara(pasta.Path(), maquina.Folders().own, desenho);
   Emprestada emprestada(maquina, pasta.Path());
   korvane::Programa(emprestada, assets).CorreProva();

@@ -2,10 +2,10 @@
 
 #include <exception>
 
+#include "stage/files/temp_folder.h"
 #include "stage/files/text_file.h"
 #include "tools/ordeal/level_plays.h"
 #include "tools/ordeal/session.h"
-#include "tools/temp_folder.h"
 
 namespace oficina {
 namespace {
@@ -13,7 +13,7 @@ namespace {
 /// Raises std::runtime_error if there is no room for a folder to play in.
 std::optional<stage::Double> MinutosDe(const desenho::Desenho& desenho) {
   constexpr std::uint32_t kJogos = 5;
-  const tools::TempFolder pasta;
+  const stage::TempFolder pasta;
   std::filesystem::create_directory(pasta.Path() / "levels");
   stage::WriteWhole(pasta.Path() / "levels" / "1.sav", desenho::SavDe(desenho));
   std::vector<bot::LevelPlay> jogos;

@@ -5,10 +5,10 @@
 
 #include "assets/assets.h"
 #include "core/game.h"
+#include "stage/files/temp_folder.h"
 #include "stage/machines/scripted/scripted_platform.h"
 #include "stage/machines/sdl/artist.h"
 #include "tools/files.h"
-#include "tools/temp_folder.h"
 
 namespace tests {
 
@@ -72,7 +72,7 @@ class Mesa {
     }
   }
 
-  tools::TempFolder folder{kAnyLetters};
+  stage::TempFolder folder{kAnyLetters};
   stage::sdl::Artist artist;
   std::optional<stage::ScriptedPlatform> platform;
   std::optional<Programa> programa;

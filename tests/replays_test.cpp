@@ -61,7 +61,7 @@ Script ReadScript(const std::filesystem::path& file, const std::filesystem::path
 class Replays : public testing::TestWithParam<std::filesystem::path> {};
 
 TEST_P(Replays, PrintsWhatItMust) {
-  const tools::TempFolder folder;
+  const stage::TempFolder folder;
   const Script script = ReadScript(GetParam(), folder.Path());
   ASSERT_FALSE(script.expected.empty());
   std::istringstream input(script.text);

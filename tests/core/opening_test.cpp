@@ -40,7 +40,7 @@ class Abertura {
   }
 
  private:
-  tools::TempFolder folder_;
+  stage::TempFolder folder_;
   stage::sdl::Artist artist_;
 
  public:

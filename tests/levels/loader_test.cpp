@@ -161,7 +161,7 @@ TEST(Progression, OnlyHardBlocksLeftEndALevel) {
 }
 
 TEST(Loader, WithoutAnyLevelTheProgramEndsInOrder) {
-  const tools::TempFolder empty;
+  const stage::TempFolder empty;
   stage::sdl::Artist artist;
   stage::ScriptedPlatform platform({.folder = empty.Path()}, artist);
   Programa programa(platform, Assets());

@@ -7,11 +7,11 @@
 
 #include "assets/assets.h"
 #include "oficina/FrmOficina.h"
+#include "stage/files/temp_folder.h"
 #include "stage/machines/scripted/scripted_platform.h"
 #include "stage/machines/sdl/artist.h"
 #include "tools/files.h"
 #include "tools/replay/input.h"
-#include "tools/temp_folder.h"
 
 namespace tests {
 
@@ -67,7 +67,7 @@ class Bancada {
     return folder.Path() / "levels" / (std::to_string(number) + ".sav");
   }
 
-  tools::TempFolder folder;
+  stage::TempFolder folder;
   stage::sdl::Artist artist;
   std::optional<stage::ScriptedPlatform> platform;
   std::optional<Oficina> oficina;

@@ -7,8 +7,8 @@
 
 #include "oficina/desenho/map.h"
 #include "stage/errors.h"
+#include "stage/files/temp_folder.h"
 #include "tests/oficina/fases.h"
-#include "tools/temp_folder.h"
 
 namespace {
 
@@ -29,7 +29,7 @@ class GuardaDeFases : public testing::Test {
   }
   static Desenho Em(int left) { return {{}, {tests::Tijolo(left, 0)}}; }
 
-  tools::TempFolder pasta_{"José 日本"};
+  stage::TempFolder pasta_{"José 日本"};
   stage::ProgramFolders pastas_{pasta_.Path() / "own", pasta_.Path() / "installed"};
 
   void SetUp() override { std::filesystem::create_directory(pastas_.own); }

@@ -48,7 +48,7 @@ class Store : public testing::Test {
     return std::size_t(std::ranges::count(Said(act), '\n'));
   }
 
-  tools::TempFolder folder{tests::kAnyLetters};
+  stage::TempFolder folder{tests::kAnyLetters};
   Module1 modulo;
 };
 
@@ -211,7 +211,7 @@ TEST_F(Store, WhatCannotBeWrittenIsSaidOnce) {
   for (const Case& test : {Case{"a folder in its place", "kv_his.dat", nullptr},
                            Case{"nothing to keep the damaged file in", "kv_his.old", "\"a\"\r\nmuch"}}) {
     SCOPED_TRACE(test.what);
-    tools::TempFolder here(tests::kAnyLetters);
+    stage::TempFolder here(tests::kAnyLetters);
     modulo.AppPath = stage::TextOf(here.Path());
     std::filesystem::create_directories(here.Path() / test.folder_at / "full");
     if (test.damaged != nullptr) tests::WriteFile(here.Path() / "kv_his.dat", test.damaged);

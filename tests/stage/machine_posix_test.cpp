@@ -44,7 +44,7 @@ class Replacing : public testing::Test {
   }
   void TearDown() override { Locking() = nullptr; }
 
-  tools::TempFolder folder{tests::kAnyLetters};
+  stage::TempFolder folder{tests::kAnyLetters};
   const std::filesystem::path file = folder.Path() / "a";
   const std::filesystem::path fresh = folder.Path() / ("a." + std::to_string(getuid()) + ".tmp");
   const std::filesystem::path victim = folder.Path() / "victim";
@@ -137,7 +137,7 @@ TEST_F(Replacing, WaitsForAnotherWriterButNotForEver) {
 
 TEST(PrivateFolder, IsForItsOwnerAlone) {
   using std::filesystem::perms;
-  const tools::TempFolder folder;
+  const stage::TempFolder folder;
   const auto made = folder.Path() / "a";
   EXPECT_TRUE(stage::machine::MakePrivateFolder(made));
   EXPECT_EQ(std::filesystem::status(made).permissions(), perms::owner_all);

@@ -29,7 +29,7 @@ class Replacing : public testing::Test {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
   }
 
-  tools::TempFolder folder{tests::kAnyLetters};
+  stage::TempFolder folder{tests::kAnyLetters};
   const std::filesystem::path file = folder.Path() / "a";
 };
 

@@ -33,8 +33,8 @@ class Installed : public testing::Test {
   path Own() const { return Home() / "korvane"; }
   stage::ProgramFolders Found() const { return stage::FindProgramFolders(Games() / "", "korvane", Home()); }
 
-  tools::TempFolder prefix_{kAnyLetters};
-  tools::TempFolder home_{kAnyLetters};
+  stage::TempFolder prefix_{kAnyLetters};
+  stage::TempFolder home_{kAnyLetters};
 };
 
 TEST_F(Installed, TheFirstStartMakesThePlayersFolder) {
@@ -97,7 +97,7 @@ TEST_F(Installed, SoundsAreLookedForLikeLevels) {
 }
 
 TEST(ProgramFolder, MayHaveABackslashInItsName) {
-  const tools::TempFolder around;
+  const stage::TempFolder around;
   const path own = around.Path() / "a\\b\\";
   Mesa mesa({{"levels/1.sav", kQuietLevel},
              {"levels/2.sav", HardBlocks(2)},

@@ -11,7 +11,7 @@ namespace {
 using stage::RuntimeError;
 
 TEST(TextFile, HandsOutItsStartOrTheWhole) {
-  const tools::TempFolder folder(tests::kAnyLetters);
+  const stage::TempFolder folder(tests::kAnyLetters);
   const auto file = folder.Path() / "a";
   tests::WriteFile(file, "12345");
   EXPECT_EQ(stage::ReadStart(file, 3), "123");
@@ -56,7 +56,7 @@ TEST(TextFile, NumbersAreWholeFields) {
 }
 
 TEST(TextFile, TwoWritersAtOnceLeaveItWhole) {
-  const tools::TempFolder folder(tests::kAnyLetters);
+  const stage::TempFolder folder(tests::kAnyLetters);
   const auto file = folder.Path() / "a";
   const auto text = [](char letter, int turn) { return std::string(std::size_t(1000 + turn), letter) + '.'; };
   constexpr int kTurns = 60;

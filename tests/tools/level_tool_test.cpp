@@ -12,7 +12,7 @@ using namespace tests;
 const std::string kBlock = "600,3000,250,480,5\n";
 
 TEST(LevelTool, DrawsTheLevelAtTheSizeAskedFor) {
-  const tools::TempFolder folder;
+  const stage::TempFolder folder;
   const auto size = [&](stage::PixelSize display) {
     const auto file = folder.Path() / "level.png";
     level::Draw(kBlock, file, display);

@@ -27,7 +27,7 @@ class Compositor {
  private:
   std::string Socket(const std::string& start, const std::string& end) const;
 
-  tools::TempFolder folder_;
+  stage::TempFolder folder_;
   Process process_;
   std::string complaint_;
 };

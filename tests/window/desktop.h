@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/temp_folder.h"
+#include "stage/files/temp_folder.h"
 
 namespace tests {
 
@@ -80,7 +80,7 @@ class Desktop {
   void Run(const std::vector<std::string>& command) const;
 
   Pixels size_;
-  tools::TempFolder folder_;
+  stage::TempFolder folder_;
   Process server_;
   std::string display_;
   std::unique_ptr<Eye> eye_;

@@ -52,7 +52,7 @@ class OficinaWindow : public testing::Test {
     EXPECT_EQ(tools::ReadFile(folder_.Path() / "errors"), "");
   }
 
-  tools::TempFolder folder_;
+  stage::TempFolder folder_;
   Desktop desktop_{800, 600};
 };
 

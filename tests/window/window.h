@@ -44,7 +44,7 @@ class AnyWindow : public testing::Test {
     return std::count(errors.begin(), errors.end(), '\n');
   }
 
-  tools::TempFolder folder_;
+  stage::TempFolder folder_;
 };
 
 /// The game on a display of 800 x 600. All places are in its pixels.

@@ -5,10 +5,10 @@
 #include "assets/assets.h"
 #include "core/programa.h"
 #include "stage/files/path_text.h"
+#include "stage/files/temp_folder.h"
 #include "stage/machines/scripted/picture_file.h"
 #include "stage/machines/scripted/scripted_platform.h"
 #include "stage/machines/sdl/artist.h"
-#include "tools/temp_folder.h"
 
 namespace level {
 namespace {
@@ -42,7 +42,7 @@ void ComeToPlay(korvane::Programa& programa, stage::ScriptedPlatform& platform) 
 
 void Draw(std::string_view text, const std::filesystem::path& picture, stage::PixelSize display) {
   constexpr stage::Double kLines = 600;
-  const tools::TempFolder folder;
+  const stage::TempFolder folder;
   Place(text, folder.Path());
   stage::ScriptedSetup setup;
   setup.screen = stage::ScreenFor(display);

@@ -6,7 +6,7 @@
 #include <fstream>
 
 #include "core/game.h"
-#include "tools/temp_folder.h"
+#include "stage/files/temp_folder.h"
 
 namespace tools {
 
@@ -65,7 +65,7 @@ class SelfPlayer : public Machine {
     return {left * jogo.InteriorUnits().x * scale, kAbovePaddle * scale};
   }
 
-  TempFolder folder_;
+  stage::TempFolder folder_;
   korvane::Programa* programa_ = nullptr;
   stage::Moment end_{};
   stage::Moment next_move_{};

@@ -11,11 +11,11 @@
 
 #include "assets/assets.h"
 #include "records/store.h"
+#include "stage/files/temp_folder.h"
 #include "stage/machines/sdl/artist.h"
 #include "tools/files.h"
 #include "tools/ordeal/bot.h"
 #include "tools/ordeal/mutator.h"
-#include "tools/temp_folder.h"
 
 namespace {
 
@@ -128,7 +128,7 @@ void PutWholeFiles(const std::filesystem::path& folder) {
 }
 
 bool TryAll(int times, std::uint32_t seed) {
-  const tools::TempFolder folder;
+  const stage::TempFolder folder;
   folder.TakeProgramFolders(stage::machine::OwnFolder());
   PutWholeFiles(folder.Path());
   Count count;

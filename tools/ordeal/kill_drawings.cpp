@@ -4,10 +4,10 @@
 
 #include "oficina/desenho/guarda.h"
 #include "stage/files/path_text.h"
+#include "stage/files/temp_folder.h"
 #include "stage/machines/machine.h"
 #include "tools/files.h"
 #include "tools/ordeal/killing.h"
-#include "tools/temp_folder.h"
 
 namespace tools {
 namespace {
@@ -131,7 +131,7 @@ void WriteDrawings(const path& folder, int first) {
 
 bool KillDrawings(int times) try {
   constexpr int kMostLeft = 3;  // the level, the draft, and what is kept beside the level
-  const TempFolder folder("José 日本");
+  const stage::TempFolder folder("José 日本");
   const path levels = folder.Path() / "levels";
   std::mt19937 any(std::random_device{}());
   int turns = 0;

@@ -10,11 +10,11 @@
 #include "records/store.h"
 #include "stage/files/path_text.h"
 #include "stage/files/profile.h"
+#include "stage/files/temp_folder.h"
 #include "stage/machines/machine.h"
 #include "tools/files.h"
 #include "tools/ordeal/kill_drawings.h"
 #include "tools/ordeal/killing.h"
-#include "tools/temp_folder.h"
 
 namespace {
 
@@ -135,7 +135,7 @@ bool Round(const std::filesystem::path& folder, std::mt19937& any, Count& count)
 
 bool Kill(int times) {
   constexpr int kMostLeft = 3;  // one for each file that is ever written
-  const tools::TempFolder folder("José 日本");
+  const stage::TempFolder folder("José 日本");
   std::mt19937 any(std::random_device{}());
   tools::WriteFile(folder.Path() / "config.ini", ConfigOf(0, 0));
   tools::WriteFile(folder.Path() / "kv_his.dat", RecordsOf(0, 0));

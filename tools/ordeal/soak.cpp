@@ -9,10 +9,10 @@
 #include <limits>
 #include <random>
 
+#include "stage/files/temp_folder.h"
 #include "stage/machines/machine.h"
 #include "tools/ordeal/level_plays.h"
 #include "tools/ordeal/session.h"
-#include "tools/temp_folder.h"
 
 namespace {
 
@@ -57,7 +57,7 @@ Moment PlayOn(const std::filesystem::path& folder, std::uint32_t seed, Moment en
   return session.platform.Now();
 }
 
-int Soak(const tools::TempFolder& folder, Double hours, std::uint32_t seed) {
+int Soak(const stage::TempFolder& folder, Double hours, std::uint32_t seed) {
   const auto whole =
       std::chrono::duration_cast<Moment>(std::chrono::duration<Double, std::ratio<3600>>(hours));
   Figures figures;
@@ -87,7 +87,7 @@ void Print(const bot::LevelFigures& level) {
 }
 
 /// The levels in series A and D.
-int PlayLevels(const tools::TempFolder& folder, std::uint32_t seed, int first, int last) {
+int PlayLevels(const stage::TempFolder& folder, std::uint32_t seed, int first, int last) {
   constexpr std::uint32_t kPlays = 101;
   std::vector<std::string> broken;
   std::cout << "level  minutes  drought  hard hits  unseen\n";
@@ -118,7 +118,7 @@ int main(int count, char** arguments) {
     const Double hours = count > 1 && !levels ? std::stod(arguments[1]) : kUsualHours;
     const auto seed = std::uint32_t(levels ? number(4, 1) : number(2, int(std::random_device{}() / 4)));
     std::cout << "seed " << seed << std::endl;
-    const tools::TempFolder folder;
+    const stage::TempFolder folder;
     folder.TakeProgramFolders(stage::machine::OwnFolder());
     if (!levels) return Soak(folder, hours, seed);
     const int first = number(2, 1);

@@ -11,10 +11,10 @@
 #include <stdexcept>
 
 #include "core/game.h"
+#include "stage/files/temp_folder.h"
 #include "stage/machines/scripted/scripted_platform.h"
 #include "tools/replay/input.h"
 #include "tools/replay/names.h"
-#include "tools/temp_folder.h"
 
 namespace replay {
 
@@ -69,7 +69,7 @@ class Replay {
   std::ostream& out_;
   std::filesystem::path built_;
   stage::ScriptedSetup setup_;
-  std::optional<tools::TempFolder> folder_;
+  std::optional<stage::TempFolder> folder_;
   std::optional<Played> played_;
   std::optional<std::uint32_t> seed_;
   std::deque<stage::Single> draws_;

@@ -9,7 +9,7 @@
 #include "stage/files/path_text.h"
 #include "stage/machines/machine.h"
 
-namespace tools {
+namespace stage {
 
 class TempFolder {
  public:
@@ -18,8 +18,8 @@ class TempFolder {
     constexpr int kMostTries = 100;
     std::random_device any;
     for (int tries = 0; tries < kMostTries; ++tries) {
-      path_ = std::filesystem::temp_directory_path() / stage::PathOf(name + '-' + std::to_string(any()));
-      if (stage::machine::MakePrivateFolder(path_)) return;
+      path_ = std::filesystem::temp_directory_path() / PathOf(name + '-' + std::to_string(any()));
+      if (machine::MakePrivateFolder(path_)) return;
     }
     throw std::runtime_error("cannot make a temporary folder");
   }
@@ -43,4 +43,4 @@ class TempFolder {
   std::filesystem::path path_;
 };
 
-}  // namespace tools
+}  // namespace stage
