@@ -12,8 +12,8 @@ namespace stage {
 namespace key {
 inline constexpr int kBackspace = 8, kTab = 9, kEnter = 13, kPause = 19, kEsc = 27, kSpace = 32, kEnd = 35,
                      kHome = 36, kLeft = 37, kUp = 38, kRight = 39, kDown = 40, kDelete = 46, kA = 65,
-                     kC = 67, kD = 68, kE = 69, kG = 71, kL = 76, kM = 77, kO = 79, kP = 80, kR = 82, kS = 83, kV = 86,
-                     kX = 88, kY = 89, kZ = 90, kF1 = 112, kF5 = 116;
+                     kC = 67, kD = 68, kE = 69, kG = 71, kL = 76, kM = 77, kO = 79, kP = 80, kR = 82, kS = 83,
+                     kV = 86, kX = 88, kY = 89, kZ = 90, kF1 = 112, kF5 = 116;
 }  // namespace key
 
 /// Bits of Shift.
