@@ -113,7 +113,7 @@ bool FrmOficina::PodeLargar() {
 void FrmOficina::Form_Unload() {
   if (Mudado() && !descartado_) {
     dono_.Rascunho.Guarda(Agora());
-  } else {
+  } else if (!por_responder_) {
     dono_.Rascunho.Esquece();
   }
 }

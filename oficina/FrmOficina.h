@@ -17,7 +17,6 @@
 namespace oficina {
 
 using stage::Double;
-using stage::Flag;
 using stage::Integer;
 using stage::Single;
 
@@ -38,7 +37,6 @@ class FrmOficina : public korvane::game {
   void Form_Unload() override;
   void Form_KeyDown(Integer KeyCode, Integer Shift) override;
   void Form_KeyUp(Integer KeyCode, Integer Shift) override;
-  void Form_Click() override {}
   bool Form_MouseDown(Integer Button, Integer Shift, Single X, Single Y) override;
   void Form_MouseMove(Integer Button, Integer Shift, Single X, Single Y) override;
   void Form_MouseUp(Integer Button, Integer Shift, Single X, Single Y) override;
@@ -77,7 +75,7 @@ class FrmOficina : public korvane::game {
     Gesto gesto = Gesto::kNada;
     int numero = 0;           // of the gesture, for the history
     desenho::Ponto inicio{};  // where the button went down
-    desenho::Ponto de{};      // the corner that the grid holds on to
+    desenho::Ponto de{};      // the corner that the grid holds on to, or how far the pointer has removed
     desenho::Alca alca{};
     desenho::Desenho antes{};
     desenho::Escolha escolha{};
@@ -111,6 +109,7 @@ class FrmOficina : public korvane::game {
   void ComecaNoBloco(std::size_t bloco, desenho::Ponto ponto, int shift);
   void Continua(desenho::Ponto ponto, int shift);
   void Arrasta(desenho::Ponto ponto, int shift);
+  void ApagaAte(desenho::Ponto ponto);
   void ApagaSob(desenho::Ponto ponto);
   void Desiste();
   void Termina();
@@ -178,7 +177,9 @@ class FrmOficina : public korvane::game {
   std::string aviso_;
   std::string sob_;
   std::string veredito_;
-  bool descartado_ = false;
+  bool por_responder_ =
+      false;                 // a drawing of an earlier run is there, and nobody has said what becomes of it
+  bool descartado_ = false;  // by the player: what is not saved may be lost
 };
 
 }  // namespace oficina

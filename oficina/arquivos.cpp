@@ -119,9 +119,11 @@ void FrmOficina::Exporta() {
 /// The drawing of a run that ended without saving it comes back, if its player wants it to.
 void FrmOficina::RecuperaRascunho() {
   auto rascunho = dono_.Guarda.Rascunho();
+  por_responder_ = rascunho.has_value();
   if (!rascunho) return;
   const auto resposta =
       FrmPergunta::Pergunta(Palco, "Há um desenho que não chegou a ser guardado.", {"Recuperar", "Esquecer"});
+  por_responder_ = !resposta;
   if (resposta == 0) {
     arquivo_.clear();
     nome_.clear();

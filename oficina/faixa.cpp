@@ -83,8 +83,10 @@ void FrmOficina::MarcaTipo() {
 void FrmOficina::MostraRegra() {
   const desenho::Regra& regra = Agora().regra;
   const bool pisca = regra.pisca > 0;
-  if (TimerPisca.Interval != regra.intervalo) TimerPisca.Interval = regra.intervalo;
-  if (TimerPisca.Enabled != pisca) TimerPisca.Enabled = pisca;
+  if (TimerPisca.Interval != regra.intervalo || TimerPisca.Enabled != pisca) {
+    TimerPisca.Interval = regra.intervalo;
+    TimerPisca.Enabled = pisca;
+  }
   if (!pisca) EstadoPisca = true;
   const stage::PictureRef figura = pisca ? ImagePedra(regra.pisca).Picture.Get() : nullptr;
   if (ImagemPisca.Picture.Get() != figura) ImagemPisca.Picture = figura;

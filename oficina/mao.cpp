@@ -40,7 +40,8 @@ bool FrmOficina::Form_MouseDown(Integer Button, Integer Shift, Single X, Single 
     ComecaEsquerdo(ponto, Shift, AlcaEm(X, Y));
   } else if (Button == stage::kRightButton) {
     Comeca(Gesto::kApaga, ponto);
-    ApagaSob(ponto);
+    mao_.de = ponto;
+    ApagaAte(ponto);
   } else {
     TomaDe(ponto);
   }
@@ -67,6 +68,7 @@ void FrmOficina::Form_MouseUp(Integer, Integer Shift, Single X, Single Y) {
 }
 
 void FrmOficina::Form_Wheel(Integer Steps, Integer) {
+  if (mao_.gesto != Gesto::kNada) return;
   EscolheTipo((modelo_.type - 1 - Steps % desenho::kLastType + desenho::kLastType) % desenho::kLastType + 1);
 }
 
@@ -124,7 +126,7 @@ void FrmOficina::Continua(Ponto ponto, int shift) {
       return Escolhe(std::move(todos));
     }
     case Gesto::kApaga:
-      return ApagaSob(ponto);
+      return ApagaAte(ponto);
     default:
       return Arrasta(ponto, shift);
   }
@@ -147,6 +149,16 @@ void FrmOficina::Arrasta(Ponto ponto, int shift) {
   };
   const Ponto esticado{inteiro(passo.x, malha.passo.x), inteiro(passo.y, malha.passo.y)};
   Muda(desenho::Estica(mao_.antes, mao_.escolha, mao_.alca, esticado), mao_.numero);
+}
+
+/// All that lies on the way of the pointer, which is told in jumps.
+void FrmOficina::ApagaAte(Ponto ponto) {
+  const Ponto longe{ponto.x - mao_.de.x, ponto.y - mao_.de.y};
+  const int passos = 1 + std::max(std::abs(longe.x), std::abs(longe.y)) / desenho::kMenorLado;
+  for (int i = 1; i <= passos; ++i) {
+    ApagaSob({mao_.de.x + longe.x * i / passos, mao_.de.y + longe.y * i / passos});
+  }
+  mao_.de = ponto;
 }
 
 void FrmOficina::ApagaSob(Ponto ponto) {

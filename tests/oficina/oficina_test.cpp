@@ -3,6 +3,7 @@
 
 #include "oficina/desenho/check.h"
 #include "oficina/desenho/map.h"
+#include "tests/mesa.h"
 #include "tests/oficina/bancada.h"
 
 namespace {
@@ -56,6 +57,10 @@ TEST_F(Workshop, MovesResizesAndRemoves) {
             std::vector(1, Block{um.top, um.left, 250, 725, 1}));
   EXPECT_EQ(Depois("move " + Meio(um) + "\npress right\nrelease\n"), std::vector<Block>());
   EXPECT_EQ(Depois(kCtrlZ + Arrasta(um, um) + "key 46\n"), std::vector<Block>());
+  // A quick hand is told of in jumps.
+  Depois(Arrasta(um, Tijolo(9, 1)));
+  EXPECT_EQ(Depois("drag " + Meio(Tijolo(3, 1)) + ' ' + Meio(Tijolo(8, 1)) + " right\n"),
+            (std::vector{um, Tijolo(9, 1)}));
 }
 
 TEST_F(Workshop, GivesUpAGestureForAnotherButtonOrEsc) {
@@ -141,6 +146,12 @@ TEST_F(Workshop, SavesUnderTheNextFreeNumber) {
   ASSERT_TRUE(cheia.Play(PoeEm(Tijolo(2, 1)) + kCtrlS + "key 13\n"));
   EXPECT_EQ(ReadFile(cheia.Level(2)), "pisca,0,500,0,0\n1025,1350,250,480,1\n");
   EXPECT_FALSE(cheia.Form().Mudado());
+  Mesa jogo({{"levels/1.sav", ReadFile(cheia.Level(2))}});
+  const stage::TwipRect em_jogo = jogo.Jogo().Box(1).Area();
+  const stage::TwipRect desenhado = cheia.Form().Box(1).Area();
+  EXPECT_EQ(std::tie(em_jogo.left, em_jogo.top, em_jogo.width, em_jogo.height),
+            std::tie(desenhado.left, desenhado.top, desenhado.width, desenhado.height))
+      << "it lies in play where it was drawn";
   // Another's level stays beside it.
   ASSERT_TRUE(cheia.Play(std::string(kCtrlS) + "text 1\nkey 13\n"));
   EXPECT_EQ(ReadFile(cheia.Level(1)), "pisca,0,500,0,0\n1025,1350,250,480,1\n");
@@ -191,6 +202,13 @@ TEST_F(Workshop, KeepsUnsavedWorkAside) {
   volta.platform->FinishWorks();
   EXPECT_TRUE(rascunho(volta));
 
+  // Who says neither yes nor no is asked again.
+  for (const char* const nada : {"quit\n", "key 27\nkey 27\n"}) {
+    Bancada calada({{"levels/rascunho.sav", guardado}}, "");
+    EXPECT_FALSE(calada.Play(nada));
+    calada.platform->FinishWorks();
+    EXPECT_TRUE(rascunho(calada));
+  }
   const std::pair<const char*, std::size_t> respostas[] = {{"key 13\n", 1}, {"key 9\nkey 13\n", 0}};
   for (const auto& [resposta, blocos] : respostas) {
     Bancada outra({{"levels/rascunho.sav", guardado}}, "");

@@ -7,7 +7,7 @@
 
 #include "tests/player.h"
 #include "tests/window/compositor.h"
-#include "tests/window/window.h"
+#include "tests/window/oficina_window.h"
 
 namespace tests {
 namespace {
@@ -61,6 +61,18 @@ TEST_P(WaylandWindow, IsPlayedLikeOneOnX) {
   compositor_.Do("kill");
   EXPECT_EQ(game.WaitForEnd(), 0);
   EXPECT_EQ(Content("errors"), "");
+}
+
+class WaylandOficina : public OficinaWindow {
+ protected:
+  void SetUp() override { SkipWithout(compositor_); }
+
+  Compositor compositor_{desktop_, "1.5"};
+};
+
+TEST_F(WaylandOficina, IsDrawnInLikeOneOnX) {
+  Process oficina = Start(compositor_.Environment());
+  DrawAndSave(oficina);
 }
 
 class WaylandPicture : public AnyWindow {
