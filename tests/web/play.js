@@ -311,7 +311,7 @@ const tests = {
     await page.insert('1');
     await game.press('Enter', 13, { text: '\r' });
     await game.sees("Files.read(Files.own + '/levels/1.sav') && !Files.writing", 'the level');
-    await game.evaluate("Page.openMenu(); Page.by('other').click()");
+    await page.go(await game.evaluate("Page.by('other').href"));
     await game.sees("Own.part === 'game'", 'the page of the game');
     await game.toField();
     const own = await game.blocks();

@@ -16,6 +16,7 @@ using desenho::Desenho;
 using desenho::Regra;
 using std::filesystem::path;
 
+constexpr std::chrono::milliseconds kLongestLife(60);
 constexpr int kTurnsToSave = 3;
 constexpr int kPeriods = 60000;
 constexpr int kLevel = 1;
@@ -91,7 +92,7 @@ bool TakeKept(const path& folder, const std::string& level) {
 int Round(const path& folder, std::mt19937& any, int turns) {
   const std::string old_level = LeftIn(folder).level;
   Victim<Told> writer({"draw", stage::TextOf(folder), std::to_string(turns + 1)});
-  LetLive(any);
+  LetLive(any, kLongestLife);
   writer.Kill();
   const Told& told = writer.Has();
   const Left left = LeftIn(folder);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdint>
 #include <filesystem>
 #include <iostream>
 #include <random>
@@ -45,9 +46,9 @@ class Victim {
 };
 
 /// Waits as long as a writer may live.
-inline void LetLive(std::mt19937& any) {
-  constexpr int kLongestLife = 15000;  // microseconds
-  std::this_thread::sleep_for(std::chrono::microseconds(std::uniform_int_distribution(0, kLongestLife)(any)));
+inline void LetLive(std::mt19937& any, std::chrono::microseconds longest) {
+  std::this_thread::sleep_for(
+      std::chrono::microseconds(std::uniform_int_distribution<std::int64_t>(0, longest.count())(any)));
 }
 
 inline std::ptrdiff_t FilesUnderWay(const std::filesystem::path& folder) {

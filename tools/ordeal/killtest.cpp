@@ -21,6 +21,8 @@ namespace {
 using namespace korvane;
 using tools::ReadFile;
 
+constexpr std::chrono::milliseconds kLongestLife(15);
+
 /// The name in row `r` of the table that a writer stores at a turn. Tables differ in length.
 std::string NameOf(int writer, int turn, int r) {
   return std::string(std::size_t(turn % 17), '.') + std::to_string(writer) + ' ' + std::to_string(turn) +
@@ -113,7 +115,7 @@ bool Round(const std::filesystem::path& folder, std::mt19937& any, Count& count)
   Writer one(folder, 0, first);
   std::optional<Writer> other;
   if (count.rounds % 2 == 1) other.emplace(folder, 1, first);
-  tools::LetLive(any);
+  tools::LetLive(any, kLongestLife);
   one.Kill();
   if (other) other->Kill();
   const std::string new_records = ReadFile(records);
