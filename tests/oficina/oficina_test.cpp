@@ -25,6 +25,11 @@ std::string Meio(const Block& bloco) {
 std::string PoeEm(const Block& bloco) { return "move " + Meio(bloco) + "\npress\nrelease\n"; }
 std::string Arrasta(const Block& de, const Block& ate) { return "drag " + Meio(de) + ' ' + Meio(ate) + '\n'; }
 
+/// With the separator of the system.
+std::string Arquivo(const char* pasta, const char* nome) {
+  return stage::TextOf(std::filesystem::path(pasta) / nome);
+}
+
 struct Workshop : testing::Test {
   Bancada bancada;
   std::vector<Block> Depois(const std::string& lines) {
@@ -182,13 +187,13 @@ TEST_F(Workshop, SaysWhichFileCannotBeReadOrWritten) {
   Bancada ruim({{"levels/2.sav", "pisca,0,500,0,0\n765,860,250,480,2\n765,860,250,480,99\n"}, {"plain", ""}},
                "levels/9.sav");
   ASSERT_TRUE(ruim.Play("beats 1\n"));
-  EXPECT_TRUE(ruim.Words().starts_with("Não se lê levels/9.sav")) << ruim.Words();
+  EXPECT_TRUE(ruim.Words().starts_with("Não se lê " + Arquivo("levels", "9.sav"))) << ruim.Words();
   ASSERT_TRUE(ruim.Play("key 79 2\ntext 2\nkey 13\n"));
   EXPECT_EQ(ruim.Words(), "Ficou de fora: record 3, field 5: no such type of block");
   EXPECT_EQ(ruim.Blocks().size(), 1U);
   const std::string dentro = stage::TextOf(ruim.folder.Path() / "plain" / "1.sav");
   ASSERT_TRUE(ruim.Play(PoeEm(Tijolo(8, 4)) + kCtrlS + "text " + dentro + "\nkey 13\n"));
-  EXPECT_TRUE(ruim.Words().starts_with("Não se grava plain/1.sav")) << ruim.Words();
+  EXPECT_TRUE(ruim.Words().starts_with("Não se grava " + Arquivo("plain", "1.sav"))) << ruim.Words();
   EXPECT_TRUE(ruim.Form().Mudado());
 }
 

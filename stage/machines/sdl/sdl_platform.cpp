@@ -103,7 +103,7 @@ std::optional<Event> SdlPlatform::NextEvent() {
   return next;
 }
 
-std::optional<Event> SdlPlatform::Translate(const SDL_Event& event) {
+std::optional<Event> SdlPlatform::Translate(const SDL_Event& event) const {
   if (auto told = desk_.mouse->Translate(event)) return told;
   switch (event.type) {
     case SDL_QUIT:

@@ -60,7 +60,7 @@ class SdlPlatform : public Platform {
   };
 
   Moment MomentOf(std::chrono::steady_clock::time_point time) const;
-  std::optional<Event> Translate(const SDL_Event& event);
+  std::optional<Event> Translate(const SDL_Event& event) const;
   void Poll();
 
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
