@@ -1,9 +1,10 @@
 // korvane-sheet PICTURE.png [LINES]
 // Every block and the paddle in many shapes on one picture, as a display of so many lines (600) shows them:
 // to be looked at by whoever draws them.
-#include <cstdlib>
+#include <charconv>
 #include <iostream>
 #include <string>
+#include <string_view>
 
 #include "assets/assets.h"
 #include "stage/machines/scripted/picture_file.h"
@@ -60,7 +61,11 @@ class Sheet {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const int lines = argc > 2 ? std::atoi(argv[2]) : 600;
+  int lines = 600;
+  if (const std::string_view word = argc > 2 ? argv[2] : ""; !word.empty()) {
+    lines = 0;
+    std::from_chars(word.data(), word.data() + word.size(), lines);
+  }
   if (argc < 2 || lines < 100 || lines > 10'000) {
     std::cerr << "korvane-sheet PICTURE.png [LINES]\n";
     return 2;

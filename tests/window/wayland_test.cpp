@@ -91,7 +91,8 @@ int Strays(const Screenshot& seen, Mesa& twin) {
   for (int y = 0; y < seen.height; ++y) {
     for (int x = 0; x < seen.width; ++x) {
       const stage::Pixel pixel = meant.Row(y)[x];
-      strays += seen.At(x, y) != Colour{int(pixel >> 16 & 255U), int(pixel >> 8 & 255U), int(pixel & 255U)};
+      const Colour colour{int(pixel >> 16 & 255U), int(pixel >> 8 & 255U), int(pixel & 255U)};
+      strays += seen.At(x, y) == colour ? 0 : 1;
     }
   }
   return strays;

@@ -31,7 +31,7 @@ struct WaylandOutput {
 class WaylandGlobals {
  public:
   /// Raises NoDisplay if the compositor lacks what it takes to show a picture.
-  explicit WaylandGlobals(wl_display* display);
+  explicit WaylandGlobals(wl_display* connection);
   WaylandGlobals(const WaylandGlobals&) = delete;
   WaylandGlobals& operator=(const WaylandGlobals&) = delete;
 
