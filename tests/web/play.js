@@ -305,7 +305,7 @@ const tests = {
     const game = new Game(page);
     await game.toDrawing();
     await game.draw([0, 4], [23, 4]);
-    await game.sees("Files.names(Files.own + '/levels').includes('rascunho.sav')", 'the draft');
+    await game.sees("Files.names(Files.own + '/levels').includes('rascunho.sav') && !Files.writing", 'the draft');
     await game.press('s', 83, { ctrl: true });
     await game.sees('Typing.wanted', 'the question for its number');
     await page.insert('1');

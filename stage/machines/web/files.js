@@ -59,12 +59,12 @@ const Files = {
     this.writing = true;
     FS.syncfs(false, (error) => {
       this.writing = false;
-      if (error) {
-        this.kept = false;
-        this.onRefusal();
-      } else if (this.again) {
+      if (this.again) {  // a file that went meanwhile may be why there is an error
         this.again = false;
         this.keep();
+      } else if (error) {
+        this.kept = false;
+        this.onRefusal();
       }
     });
   },
