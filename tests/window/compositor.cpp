@@ -15,7 +15,7 @@ namespace {
 std::vector<std::string> Command(const std::filesystem::path& folder) {
   std::vector<std::string> command{"sway", "-c", (folder / "config").string()};
   if (getuid() != 0) return command;
-  const passwd* const nobody = getpwnam("nobody");
+  const passwd* const nobody = getpwnam("nobody");  // cppcheck-suppress getpwnamCalled; one thread asks
   EXPECT_NE(nobody, nullptr);
   EXPECT_EQ(chown(folder.c_str(), nobody->pw_uid, nobody->pw_gid), 0);
   const std::vector<std::string> as_nobody{"setpriv", "--reuid=nobody", "--regid=nogroup", "--clear-groups"};

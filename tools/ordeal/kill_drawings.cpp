@@ -77,7 +77,7 @@ bool TakeKept(const path& folder, const std::string& level) {
   bool there = false;
   std::vector<path> kept;
   for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-    if (entry.path().extension().string().starts_with(".old")) kept.push_back(entry.path());
+    if (stage::TextOf(entry.path().extension()).starts_with(".old")) kept.push_back(entry.path());
   }
   for (const path& file : kept) {
     const std::string text = ReadFile(file);

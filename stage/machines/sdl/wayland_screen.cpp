@@ -59,7 +59,7 @@ WaylandScreen::WaylandScreen(SDL_Window* window, wl_surface* surface, std::share
     viewport_.reset(wp_viewporter_get_viewport(globals_->viewporter.get(), surface_.get()));
   }
   Listen();
-  Refit();
+  WaylandScreen::Refit();
   if (globals_->outputs.size() > 1) WaitForOutput();
   globals_->OutputsChanged = [this] { Refit(); };
 }
