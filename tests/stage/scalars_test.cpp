@@ -123,8 +123,9 @@ TEST(Scalars, DrawsSpreadEvenlyBelowOne) {
 TEST(Scalars, TextIsCountedInCharacters) {
   EXPECT_EQ(Characters("Você é").size(), 6U);
   EXPECT_EQ(Utf8(Characters("aé€😀")), "aé€😀");
-  const std::pair<const char*, const char*> broken[] = {
-      {"a\xFFz", "az"}, {"\xC3", ""}, {"\xC0\x80z", "z"}, {"\xED\xA0\x80", ""}, {"\xF5\x80\x80\x80", ""}};
+  const std::pair<const char*, const char*> broken[] = {{"a\xFFz", "az"},         {"\xC3", ""},
+                                                        {"\xC0\x80z", "z"},       {"\xED\xA0\x80", ""},
+                                                        {"\xF5\x80\x80\x80", ""}, {"\xC3\xC3\xA9", "é"}};
   for (const auto& [bytes, kept] : broken) EXPECT_EQ(Utf8(Characters(bytes)), kept);
 }
 
