@@ -13,9 +13,9 @@ namespace tests {
 
 /// How a text is written; nothing for a picture.
 struct Words {
-  const char* font;  // of the assets
-  double points;
-  stage::Pixel colour;
+  const char* font = "";  // of the assets
+  double points = 0;
+  stage::Pixel colour = 0;
   stage::Align align = stage::Align::kLeft;
 };
 
@@ -25,11 +25,11 @@ class Sight {
   explicit Sight(stage::Stage& stage)
       : stage_(stage),
         size_(stage.Machine().DisplaySize()),
-        pixels_(std::size_t(size_.width * size_.height)) {
-    const auto [width, height] = stage.Screen;
-    scale_ = std::min(size_.width * 15 / double(width), size_.height * 15 / double(height));
-    left_ = (size_.width - width / 15.0 * scale_) / 2;
-    top_ = (size_.height - height / 15.0 * scale_) / 2;
+        pixels_(std::size_t(size_.width) * std::size_t(size_.height)),
+        scale_(std::min(size_.width * 15 / double(stage.Screen.Width),
+                        size_.height * 15 / double(stage.Screen.Height))),
+        left_((size_.width - stage.Screen.Width / 15.0 * scale_) / 2),
+        top_((size_.height - stage.Screen.Height / 15.0 * scale_) / 2) {
     Within({0, 0, stage.Screen.Width, stage.Screen.Height});
   }
 
@@ -67,7 +67,7 @@ class Sight {
     place.right = place.left + written.size.width;
     place.bottom = place.top + written.size.height;
     Each(place, [&](int x, int y, stage::Pixel& pixel) {
-      const int alpha = written.alpha[std::size_t(y * written.size.width + x)];
+      const int alpha = written.alpha[std::size_t(y) * std::size_t(written.size.width) + std::size_t(x)];
       const int part = alpha + (alpha >> 7);  // of 256
       const auto mixed = [&](int shift) {
         const auto of = [&](stage::Pixel colour) { return int(colour >> shift & 255U); };
@@ -88,7 +88,7 @@ class Sight {
     std::string first;
     for (int y = 0; y < size_.height; ++y) {
       for (int x = 0; x < size_.width; ++x) {
-        const stage::Pixel mine = pixels_[std::size_t(y * size_.width + x)];
+        const stage::Pixel mine = pixels_[std::size_t(y) * std::size_t(size_.width) + std::size_t(x)];
         const stage::Pixel shown = canvas.Row(y)[x];
         if (mine == shown || unlike++ > 0) continue;
         std::ostringstream told;
@@ -116,7 +116,7 @@ class Sight {
     const stage::PixelRect seen = rect.Cut(clip_).Cut({0, 0, size_.width, size_.height});
     for (int y = seen.top; y < seen.bottom; ++y) {
       for (int x = seen.left; x < seen.right; ++x)
-        act(x - rect.left, y - rect.top, pixels_[std::size_t(y * size_.width + x)]);
+        act(x - rect.left, y - rect.top, pixels_[std::size_t(y) * std::size_t(size_.width) + std::size_t(x)]);
     }
   }
 

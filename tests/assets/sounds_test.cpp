@@ -76,11 +76,15 @@ TEST(Sounds, AreLoudInTheirPlaceSaidAtOnceAndHeardOnALaptop) {
 /// beside its loudest moment.
 std::vector<double> Likeness(const Wave& wave) {
   constexpr double kStretch = 20;
+  constexpr int kStretches = 6;
   constexpr double kHearing = 25;
+  constexpr int kBands = 11;
   std::vector<double> likeness;
-  for (double centre = 300; centre < 10000; centre *= std::numbers::sqrt2) {
+  for (int i = 0; i < kBands; ++i) {
+    const double centre = 300 * std::pow(std::numbers::sqrt2, i);
     const Wave band = sons::BandPass(wave, sons::Steady(centre), 4);
-    for (double from = 0; from < 120; from += kStretch) {
+    for (int stretch = 0; stretch < kStretches; ++stretch) {
+      const double from = stretch * kStretch;
       likeness.push_back(10 * std::log10(Energy(band, from, from + kStretch) + 1e-9));
     }
   }

@@ -9,10 +9,10 @@ using stage::Double;
 using Sounds = std::vector<std::string>;
 
 struct Flight {
-  Double left;
-  Double top;
-  Double vx;
-  Double vy;
+  Double left = 0;
+  Double top = 0;
+  Double vx = 0;
+  Double vy = 0;
 
   void Start(game& jogo) const {
     jogo.BolaPresa = false;

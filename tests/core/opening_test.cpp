@@ -54,7 +54,7 @@ TEST(Opening, IsSeenInTheMiddleForASecond) {
   const auto start = abertura.platform.Now();
   abertura.platform.AtSleep = [&] {
     Sight sight(abertura.programa.Palco);
-    sight.Show("abertura", {(16000 - 4290) / 2 + 240, (9000 - 750) / 2 + 120, 3690, 585});
+    sight.Show("abertura", {(16000 - 4290) / 2.0 + 240, (9000 - 750) / 2.0 + 120, 3690, 585});
     sight.ExpectShown();
   };
   ASSERT_TRUE(abertura.WaitsAfterStart());

@@ -110,8 +110,10 @@ int Least(Pixel pixel) { return std::min({Red(pixel), Green(pixel), Blue(pixel)}
 /// The middle of a rectangle of display pixels, as a place of the ball's centre.
 void PutBall(game& jogo, const PixelRect& rect) {
   jogo.BolaPresa = false;
-  jogo.ball.Left = Single((rect.left + rect.right) / 2 * 15 / 0.99375 - jogo.ball.Width / 2);
-  jogo.ball.Top = Single((rect.top + rect.bottom) / 2 * 15 / 0.9 - jogo.ball.Height / 2);
+  const int x = (rect.left + rect.right) / 2;
+  const int y = (rect.top + rect.bottom) / 2;
+  jogo.ball.Left = Single(x * 15 / 0.99375 - jogo.ball.Width / 2);
+  jogo.ball.Top = Single(y * 15 / 0.9 - jogo.ball.Height / 2);
 }
 
 TEST(PlayShown, ANormalBlockStaysBrightForTwoRefreshesAndFadesWithSparksOfItsColour) {

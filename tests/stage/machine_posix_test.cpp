@@ -22,6 +22,7 @@ std::function<int()>& Locking() {
 
 }  // namespace
 
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): the system has names of its own
 extern "C" int flock(int file, int operation) noexcept {
   return Locking() ? Locking()() : static_cast<int>(syscall(SYS_flock, file, operation));
 }

@@ -88,9 +88,10 @@ TEST(ShapedDrawing, IsBoundedWhateverItsTextSays) {
   for (const PixelSize size : {PixelSize{1, 1}, {2048, 1}, {2048, 2048}}) {
     EXPECT_LT(Made(fine, size).size(), 100'000U);
     for (const std::string& body :
-         {R"(<path d="M)" + many + " -" + many + R"(H1"/>)", R"(<g data-every=")" + many + R"( 1"></g>)",
-          R"(<path stroke-width=")" + many + R"("/>)", std::string(R"(<path d="M- .. -.H"/>)"),
-          std::string("<path d=\"M1"), std::string("<"), std::string(R"(<g data-every=""></g>)")}) {
+         {std::string(R"(<path d="M)").append(many).append(" -").append(many).append(R"(H1"/>)"),
+          R"(<g data-every=")" + many + R"( 1"></g>)", R"(<path stroke-width=")" + many + R"("/>)",
+          std::string(R"(<path d="M- .. -.H"/>)"), std::string("<path d=\"M1"), std::string("<"),
+          std::string(R"(<g data-every=""></g>)")}) {
       EXPECT_LT(Made(body, size, R"(data-shape="any" data-body="9 9 1 1")").size(), 100'000U) << body;
     }
   }

@@ -48,6 +48,7 @@ TEST(LevelFigures, TellTheMiddlePlayAndTheMeanOfTheUnseen) {
 
 std::vector<std::string> Broken(int first, const std::vector<LevelPlay>& plays) {
   std::vector<LevelFigures> series;
+  series.reserve(plays.size());
   for (const LevelPlay& play : plays)
     series.emplace_back(0, first + int(series.size()), std::vector<LevelPlay>{play});
   return bot::BrokenLimits(series);
@@ -55,9 +56,9 @@ std::vector<std::string> Broken(int first, const std::vector<LevelPlay>& plays) 
 
 TEST(BrokenLimits, NameTheLevelAndWhatItDoes) {
   const struct {
-    int number;
+    int number = 0;
     LevelPlay play;
-    const char* broken;
+    const char* broken = "";
   } cases[] = {{7, {true, 1, 29.9, 199, 4.9}, ""},
                {7, {false, 60, 24, 199, 4}, "A-7: not finished"},
                {7, {true, 1, 30, 0, 0}, "A-7: 30.0 s without a block gone, not below 30.0"},
@@ -74,6 +75,7 @@ TEST(BrokenLimits, NameTheLevelAndWhatItDoes) {
 TEST(BrokenLimits, FiveLevelsAreNoEasierThanTheEasiestBeforeThem) {
   const auto minutes = [](const std::vector<stage::Double>& of_levels) {
     std::vector<LevelPlay> plays;
+    plays.reserve(of_levels.size());
     for (const stage::Double m : of_levels) plays.push_back({true, m, 0, 0, 0});
     return plays;
   };

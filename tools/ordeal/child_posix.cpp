@@ -23,6 +23,7 @@ Child::Child(const std::vector<std::string>& words) : process_(std::make_unique<
   std::vector<std::string> all = words;
   all.insert(all.begin(), kSelf);
   std::vector<char*> pointers;
+  pointers.reserve(all.size() + 1);
   for (std::string& word : all) pointers.push_back(word.data());
   pointers.push_back(nullptr);
   posix_spawn_file_actions_t actions;

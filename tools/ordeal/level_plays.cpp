@@ -89,10 +89,11 @@ LevelPlay LevelWatch::Play(bool ended) const {
 }
 
 LevelFigures::LevelFigures(int its_serie, int its_number, std::vector<LevelPlay> plays)
-    : serie(its_serie), number(its_number) {
-  minutes = Median(plays, &LevelPlay::minutes);
-  drought = Median(plays, &LevelPlay::drought);
-  hard_hits = Median(plays, &LevelPlay::hard_hits);
+    : serie(its_serie),
+      number(its_number),
+      minutes(Median(plays, &LevelPlay::minutes)),
+      drought(Median(plays, &LevelPlay::drought)),
+      hard_hits(Median(plays, &LevelPlay::hard_hits)) {
   for (const LevelPlay& play : plays) {
     ended = ended && play.ended;
     unseen += play.unseen / Double(plays.size());
