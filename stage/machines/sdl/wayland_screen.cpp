@@ -93,7 +93,7 @@ void WaylandScreen::Listen() {
 /// A first picture, black, has to be shown before the compositor tells where it is seen.
 void WaylandScreen::WaitForOutput() {
   constexpr auto kPatience = std::chrono::milliseconds(200);
-  if (Canvas()) Present({});
+  if (WaylandScreen::Canvas()) WaylandScreen::Present({});
   const auto end = Clock::now() + kPatience;
   for (auto now = Clock::now(); entered_ == nullptr && now < end; now = Clock::now()) {
     if (WaylandLine(globals_->display).InputComes(std::chrono::duration_cast<Moment>(end - now))) {
