@@ -1,4 +1,5 @@
 #include "oficina/FrmAjuda.h"
+#include "stage/forms/dialogs.h"
 
 namespace oficina {
 namespace {
@@ -36,9 +37,6 @@ constexpr Double kMargem = 360;
 constexpr Double kAltura = 285;
 constexpr Double kGestos = 2550;
 constexpr Double kEfeitos = 5100;
-constexpr stage::Pixel kMoldura = 0xB9C2D6;
-
-const stage::Font kFonte{"MS Sans Serif", 9.75F, false};
 
 }  // namespace
 
@@ -47,7 +45,7 @@ FrmAjuda::FrmAjuda(stage::Stage& palco)
            {0, 0, 2 * kMargem + kGestos + kEfeitos, 2 * kMargem + kAltura * std::size(kLinhas)}) {
   Left = stage::Single((palco.Screen.Width - Width) / 2);
   Top = stage::Single((palco.Screen.Height - Height) / 2);
-  SetFrame(kMoldura);
+  SetFrame(stage::box::kFrame);
   Double topo = kMargem;
   for (const Linha& linha : kLinhas) {
     Escreve(kMargem, topo, linha.gesto, stage::Rgb(255, 210, 63));
@@ -58,7 +56,7 @@ FrmAjuda::FrmAjuda(stage::Stage& palco)
 
 void FrmAjuda::Escreve(Double esquerda, Double topo, const std::string& texto, stage::Long cor) {
   const stage::Design lugar{esquerda, topo, Width - kMargem - esquerda, kAltura};
-  linhas_.emplace_back(*this, lugar, stage::Style{kFonte, cor, stage::Align::kLeft, true}, texto);
+  linhas_.emplace_back(*this, lugar, stage::Style{stage::box::kFont, cor, stage::Align::kLeft, true}, texto);
   linhas_.back().Enabled = false;
 }
 

@@ -2,6 +2,7 @@
 #include "oficina/FrmOficina.h"
 
 #include "oficina/FrmPergunta.h"
+#include "stage/forms/dialogs.h"
 
 namespace oficina {
 namespace {
@@ -11,15 +12,12 @@ using stage::Align;
 using stage::Design;
 using stage::Rgb;
 
-constexpr stage::Pixel kCorDaEscolha = 0xFFD23F;
 constexpr stage::Pixel kCorDoElastico = 0xF0F0F0;
 constexpr stage::Pixel kCorDoLimite = 0x2A3348;
 constexpr int kSeries = 4;
 
-const stage::Font kFonte{"MS Sans Serif", 9.75F, false};
-const stage::Font kNegrito{"MS Sans Serif", 9.75F, true};
-const stage::Style kPalavras{kFonte, Rgb(200, 208, 224)};
-const stage::Style kADireita{kFonte, Rgb(200, 208, 224), Align::kRight};
+const stage::Style kPalavras{stage::box::kFont, Rgb(200, 208, 224)};
+const stage::Style kADireita{stage::box::kFont, Rgb(200, 208, 224), Align::kRight};
 
 template <std::size_t... Numeros>
 std::array<Marca, sizeof...(Numeros)> Iguais(stage::Container& form, stage::Pixel cor,
@@ -32,7 +30,7 @@ std::array<Marca, sizeof...(Numeros)> Iguais(stage::Container& form, stage::Pixe
 FrmOficina::FrmOficina(Oficina& dono)
     : game(dono.programa),
       Sombra(*this, {}, nullptr, true),
-      Alcas(Iguais(*this, kCorDaEscolha, std::make_index_sequence<8>())),
+      Alcas(Iguais(*this, stage::box::kMarked, std::make_index_sequence<8>())),
       Elastico(Iguais(*this, kCorDoElastico, std::make_index_sequence<4>())),
       Limite(*this, kCorDoLimite, Marca::Forma::kCheia),
       Paleta(*this, "Paleta",
@@ -42,15 +40,15 @@ FrmOficina::FrmOficina(Oficina& dono)
                  array.Design(tipo, Design{}, ImagePedra(tipo).Picture.Get(), true);
                }
              }),
-      TipoEscolhido(*this, kCorDaEscolha, Marca::Forma::kLinha),
+      TipoEscolhido(*this, stage::box::kMarked, Marca::Forma::kLinha),
       Series(*this, "Series",
              [](auto& array) {
-               const stage::Style letra{kNegrito, Rgb(200, 208, 224), Align::kCenter};
+               const stage::Style letra{stage::box::kBold, Rgb(200, 208, 224), Align::kCenter};
                for (int i = 0; i < kSeries; ++i) {
                  array.Design(i, Design{}, letra, std::string(1, char('A' + i)));
                }
              }),
-      Titulo(*this, {}, {kNegrito, Rgb(255, 192, 128), Align::kRight}, ""),
+      Titulo(*this, {}, {stage::box::kBold, Rgb(255, 192, 128), Align::kRight}, ""),
       Palavras(*this, {}, kPalavras, ""),
       ImagemPisca(*this, {}, nullptr, true),
       TextoPisca(*this, {}, kPalavras, ""),

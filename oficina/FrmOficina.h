@@ -66,6 +66,7 @@ class FrmOficina : public korvane::game {
   stage::Timer TimerRobo;
 
  private:
+  static constexpr const char* kCheio = "Não cabem mais de 598 blocos";
   static constexpr std::array<desenho::Alca, 8> kAlcas{
       {{-1, -1}, {0, -1}, {1, -1}, {-1, 0}, {1, 0}, {-1, 1}, {0, 1}, {1, 1}}};
 

@@ -22,13 +22,8 @@ constexpr Double kBonus = 3150;
 constexpr Double kColunaBonus = 780;
 constexpr int kTodosOsBonus = desenho::kLastBonus + 1;  // the place of "all"
 
-constexpr stage::Pixel kMoldura = 0xB9C2D6;
-constexpr stage::Pixel kEscolhido = 0xFFD23F;
-
-const stage::Font kFonte{"MS Sans Serif", 9.75F, false};
-const stage::Font kNegrito{"MS Sans Serif", 9.75F, true};
-const stage::Style kPalavras{kFonte, stage::Rgb(240, 240, 240)};
-const stage::Style kNoMeio{kFonte, stage::Rgb(240, 240, 240), stage::Align::kCenter};
+const stage::Style kPalavras{stage::box::kFont, stage::Rgb(240, 240, 240)};
+const stage::Style kNoMeio{stage::box::kFont, stage::Rgb(240, 240, 240), stage::Align::kCenter};
 
 stage::Design LugarDoTipo(int tipo) {
   const int fila = tipo / kColunas;
@@ -56,7 +51,8 @@ void Marque(Marca& marca, const stage::Design& lugar) {
 FrmRegra::FrmRegra(stage::Stage& palco, stage::ControlArray<stage::Image>& tipos, const desenho::Regra& regra)
     : Form(palco, "FrmRegra", {0, 0, kLargura, kAltura}),
       regra_(regra),
-      titulo_(*this, {kMargem, 150, kLargura, 300}, {kNegrito, stage::Rgb(255, 210, 63)}, "Regra da tela"),
+      titulo_(*this, {kMargem, 150, kLargura, 300}, {stage::box::kBold, stage::Rgb(255, 210, 63)},
+              "Regra da tela"),
       pergunta_tipo_(*this, {kMargem, 750, kLargura, 300}, kPalavras, "Tipo que pisca"),
       tipos_(*this, "tipos",
              [&tipos](auto& array) {
@@ -80,11 +76,11 @@ FrmRegra::FrmRegra(stage::Stage& palco, stage::ControlArray<stage::Image>& tipos
       nenhum_bonus_(*this, Palavra(LugarDoBonus(0)), kNoMeio, "nenhum"),
       todos_(*this, Palavra(LugarDoBonus(kTodosOsBonus)), kNoMeio, "todos"),
       ok_(*this, {(kLargura - 1200) / 2, kAltura - 570, 1200, 420}, "OK"),
-      tipo_escolhido_(*this, kEscolhido, Marca::Forma::kLinha),
-      bonus_escolhido_(*this, kEscolhido, Marca::Forma::kLinha) {
+      tipo_escolhido_(*this, stage::box::kMarked, Marca::Forma::kLinha),
+      bonus_escolhido_(*this, stage::box::kMarked, Marca::Forma::kLinha) {
   Left = stage::Single((palco.Screen.Width - Width) / 2);
   Top = stage::Single((palco.Screen.Height - Height) / 2);
-  SetFrame(kMoldura);
+  SetFrame(stage::box::kFrame);
   for (stage::Label* const label : {&nenhum_tipo_, &nenhum_bonus_, &todos_}) label->Enabled = false;
   tipos_.Click = [this](Integer tipo) {
     regra_.pisca = tipo;

@@ -3,12 +3,12 @@
 #include <cmath>
 
 #include "oficina/FrmOficina.h"
+#include "stage/forms/dialogs.h"
 
 namespace oficina {
 namespace {
 
 constexpr Double kLarguraDoDesenho = 12000;
-constexpr stage::Pixel kCorDaEscolha = 0xFFD23F;
 
 }  // namespace
 
@@ -65,7 +65,7 @@ void FrmOficina::MostraEscolha() {
   const std::size_t quantos = mao_.andou ? 0 : escolha_.size();  // what is on its way is seen by itself
   while (Contornos.size() > quantos) Contornos.pop_back();
   while (Contornos.size() < quantos) {
-    Contornos.push_back(std::make_unique<Marca>(*this, kCorDaEscolha, Marca::Forma::kLinha));
+    Contornos.push_back(std::make_unique<Marca>(*this, stage::box::kMarked, Marca::Forma::kLinha));
   }
   for (std::size_t i = 0; i < quantos; ++i) {
     PoeMarca(*Contornos[i], Agora().blocos[escolha_[i]], kFolga);

@@ -114,7 +114,7 @@ void FrmOficina::Continua(Ponto ponto, int shift) {
   switch (mao_.gesto) {
     case Gesto::kPinta: {
       const auto feito = desenho::Pinta(mao_.antes, modelo_, mao_.de, ponto);
-      if (!feito) return Avisa("Não cabem mais de 598 blocos");
+      if (!feito) return Avisa(kCheio);
       return Muda(feito->desenho, mao_.numero);
     }
     case Gesto::kElastico: {

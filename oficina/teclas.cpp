@@ -8,8 +8,6 @@ namespace {
 
 using namespace stage::key;
 
-constexpr const char* kCheio = "Não cabem mais de 598 blocos";
-
 }  // namespace
 
 void FrmOficina::Form_KeyDown(Integer KeyCode, Integer Shift) {

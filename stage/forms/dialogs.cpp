@@ -4,6 +4,9 @@
 #include "stage/stage.h"
 
 namespace stage {
+
+using namespace box;
+
 namespace {
 
 constexpr Double kMargin = 240;
@@ -12,12 +15,7 @@ constexpr Double kButtonWidth = 1200;
 constexpr Double kButtonHeight = 420;
 constexpr int kMostTyped = 254;
 constexpr Pixel kButtonFace = 0x2A3348;
-constexpr Pixel kFrame = 0xB9C2D6;
-constexpr Pixel kFocused = 0xFFD23F;
 constexpr Pixel kWords = 0xF0F0F0;
-
-const Font kFont{"MS Sans Serif", 9.75F, false};
-const Font kBold{"MS Sans Serif", 9.75F, true};
 
 Double TextWidth(Stage& stage, const std::string& text) {
   return stage.Painting().Made().TextWidth(kFont, 1, text) * kTwipsPerPixel;
@@ -33,7 +31,7 @@ void Button::Paint(const Canvas& canvas) const {
   const TwipRect area = Area();
   const bool focused = GetContainer().Owner().Focus() == this;
   canvas.Fill(area, kButtonFace);
-  canvas.Frame(area, focused ? kFocused : kFrame);
+  canvas.Frame(area, focused ? kMarked : kFrame);
   const Double height = canvas.TextHeight(kFont);
   canvas.Write({area.left, area.top + (area.height - height) / 2, area.width, height},
                {kFont, Align::kCenter}, caption_, kWords);

@@ -8,6 +8,14 @@
 
 namespace stage {
 
+/// How boxes look, for forms that are to look alike.
+namespace box {
+inline constexpr Pixel kFrame = 0xB9C2D6;
+inline constexpr Pixel kMarked = 0xFFD23F;
+inline const Font kFont{"MS Sans Serif", 9.75F, false};
+inline const Font kBold{"MS Sans Serif", 9.75F, true};
+}  // namespace box
+
 /// A push button for the pointer, Enter and Space.
 class Button : public Control {
  public:
