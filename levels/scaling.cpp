@@ -1,10 +1,8 @@
 // Numbers of the reference screen, 12000 by 9000, become those of the screen at hand.
-#include <algorithm>
-#include <cctype>
 #include <optional>
-#include <string>
 
 #include "core/game.h"
+#include "stage/names.h"
 
 namespace korvane {
 namespace {
@@ -12,11 +10,9 @@ namespace {
 enum class Sentido { Alto, Largo };
 
 std::optional<Sentido> SentidoDe(std::string_view oque) {
-  std::string chave(oque);
-  std::transform(chave.begin(), chave.end(), chave.begin(),
-                 [](unsigned char c) { return char(std::tolower(c)); });
-  if (chave == "top" || chave == "height") return Sentido::Alto;
-  if (chave == "left" || chave == "width") return Sentido::Largo;
+  using stage::SameName;
+  if (SameName(oque, "top") || SameName(oque, "height")) return Sentido::Alto;
+  if (SameName(oque, "left") || SameName(oque, "width")) return Sentido::Largo;
   return std::nullopt;
 }
 

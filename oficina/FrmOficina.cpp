@@ -55,6 +55,7 @@ FrmOficina::FrmOficina(Oficina& dono)
       ImagemBarrado(*this, {}, nullptr, true),
       TextoBarrado(*this, {}, kPalavras, ""),
       Conta(*this, {}, kADireita, ""),
+      TimerMao(*this, 0, false),
       TimerConfere(*this, 200, false),
       TimerRascunho(*this, 1000, false),
       TimerRobo(*this, 1, false),
@@ -70,6 +71,7 @@ FrmOficina::FrmOficina(Oficina& dono)
     control->Enabled = false;
 
   TimerPisca.Tick = [this] { Pisca(); };
+  TimerMao.Tick = [this] { SegueMao(); };
   TimerConfere.Tick = [this] { Confere(); };
   TimerRascunho.Tick = [this] { GuardaRascunho(); };
   TimerRobo.Tick = [this] { PerguntaAoRobo(); };

@@ -61,6 +61,7 @@ class FrmOficina : public korvane::game {
   stage::Label TextoBarrado;
   stage::Label Conta;
 
+  stage::Timer TimerMao;
   stage::Timer TimerConfere;
   stage::Timer TimerRascunho;
   stage::Timer TimerRobo;
@@ -78,6 +79,8 @@ class FrmOficina : public korvane::game {
     int numero = 0;           // of the gesture, for the history
     desenho::Ponto inicio{};  // where the button went down
     desenho::Ponto de{};      // the corner that the grid holds on to, or how far the pointer has removed
+    std::optional<desenho::Ponto> ate{};  // where the pointer has gone since something was done
+    int shift = 0;                        // what is held down with it
     desenho::Alca alca{};
     desenho::Desenho antes{};
     desenho::Escolha escolha{};
@@ -109,6 +112,7 @@ class FrmOficina : public korvane::game {
   void Comeca(Gesto gesto, desenho::Ponto ponto);
   void ComecaEsquerdo(desenho::Ponto ponto, int shift, std::optional<desenho::Alca> alca);
   void ComecaNoBloco(std::size_t bloco, desenho::Ponto ponto, int shift);
+  void SegueMao();
   void Continua(desenho::Ponto ponto, int shift);
   void Arrasta(desenho::Ponto ponto, int shift);
   void ApagaAte(desenho::Ponto ponto);

@@ -28,6 +28,7 @@ void FrmOficina::MostraTudo() {
   MostraRegra();
   MostraTitulo();
   MostraInalcancaveis({});
+  TimerConfere.Enabled = false;  // what is checked is what the hand has left alone for a moment
   TimerConfere.Enabled = true;
   TimerRobo.Enabled = false;
   if (Mudado() && !TimerRascunho.Enabled) TimerRascunho.Enabled = true;

@@ -2,10 +2,16 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 
 #include "oficina/FrmOficina.h"
 
 namespace oficina {
+namespace {
+
+constexpr int kBatida = 15;  // ms, a beat of the stage
+
+}  // namespace
 
 using desenho::Escolha;
 using desenho::Ponto;
@@ -53,8 +59,13 @@ bool FrmOficina::Form_MouseDown(Integer Button, Integer Shift, Single X, Single 
 void FrmOficina::Form_MouseMove(Integer Button, Integer Shift, Single X, Single Y) {
   const Ponto ponto = NoDesenho(X, Y);
   if (mao_.gesto != Gesto::kNada) {
-    if (Button == 0) return Termina();
-    return Continua(ponto, Shift);
+    if (Button != 0) {
+      mao_.ate = ponto;
+      mao_.shift = Shift;
+      return;
+    }
+    SegueMao();
+    return Termina();
   }
   MostraSombra(ponto, Shift);
   const auto bloco = desenho::BlocoEm(Agora(), ponto);
@@ -73,7 +84,10 @@ void FrmOficina::Form_Wheel(Integer Steps, Integer) {
 }
 
 void FrmOficina::Comeca(Gesto gesto, Ponto ponto) {
+  constexpr std::size_t kMuitos = 300;  // which are shown half as often, as to show them costs twice as much
   mao_ = {.gesto = gesto, .numero = ++gestos_, .inicio = ponto, .antes = Agora(), .escolha = escolha_};
+  TimerMao.Interval = escolha_.size() > kMuitos ? 2 * kBatida : kBatida;
+  TimerMao.Enabled = true;
 }
 
 void FrmOficina::ComecaEsquerdo(Ponto ponto, int shift, std::optional<desenho::Alca> alca) {
@@ -108,6 +122,12 @@ void FrmOficina::ComecaNoBloco(std::size_t bloco, Ponto ponto, int shift) {
   if (!escolhido) Escolhe({bloco});
   Comeca(Gesto::kMove, ponto);
   mao_.de = {Agora().blocos[bloco].left, Agora().blocos[bloco].top};
+}
+
+/// The hand tells of itself up to a thousand times a second, more often than anybody sees.
+void FrmOficina::SegueMao() {
+  const auto ate = std::exchange(mao_.ate, std::nullopt);
+  if (ate) Continua(*ate, mao_.shift);
 }
 
 void FrmOficina::Continua(Ponto ponto, int shift) {
@@ -176,6 +196,7 @@ void FrmOficina::Desiste() {
 }
 
 void FrmOficina::Termina() {
+  TimerMao.Enabled = false;
   mao_ = {};
   MostraEscolha();
   for (Marca& lado : Elastico) lado.Visible = false;

@@ -1,9 +1,9 @@
 #include "stage/files/profile.h"
 
 #include <algorithm>
-#include <cctype>
 
 #include "stage/files/text_file.h"
+#include "stage/names.h"
 
 namespace stage {
 namespace {
@@ -15,11 +15,6 @@ std::string_view Trimmed(std::string_view text) {
   while (!text.empty() && blank(text.front())) text.remove_prefix(1);
   while (!text.empty() && blank(text.back())) text.remove_suffix(1);
   return text;
-}
-
-bool SameName(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
 }
 
 /// A line without its end; `rest` is shortened by both.

@@ -88,7 +88,7 @@ TEST_F(Workshop, GivesUpAGestureForAnotherButtonOrEsc) {
   const Block um = Tijolo(2, 1);
   Depois(PoeEm(um));
   for (const char* const desiste : {"press right\n", "key 27\n"}) {
-    Depois("move " + Meio(um) + "\npress\nmove " + Meio(Tijolo(6, 6)) + '\n');
+    Depois("move " + Meio(um) + "\npress\nmove " + Meio(Tijolo(6, 6)) + "\nbeats 1\n");
     EXPECT_EQ(bancada.Blocks(), std::vector(1, Tijolo(6, 6)));
     EXPECT_EQ(Depois(desiste + std::string("move " + Meio(Tijolo(8, 2)) + "\nrelease\n")),
               std::vector(1, um));
