@@ -90,8 +90,7 @@ void FieldReader::TakeDelimiter() {
 }
 
 Double NumberOf(std::string_view field) {
-  const std::size_t last = field.find_last_not_of(kBlanks);
-  const std::string_view text = field.substr(0, last == std::string_view::npos ? 0 : last + 1);
+  const std::string_view text = field.substr(0, field.find_last_not_of(kBlanks) + 1);
   if (text.empty()) return 0;
   const std::string_view digits = text.substr(text.front() == '-' || text.front() == '+' ? 1 : 0);
   const auto point = std::count(digits.begin(), digits.end(), '.');

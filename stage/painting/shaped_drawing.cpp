@@ -192,7 +192,7 @@ void Shaper::WritePattern(std::string_view tag, std::string_view inside) {
   const int rows = down_.Copies(top, period_y, scale);
   const std::size_t start = std::min(tag.find('<'), tag.size());
   text_.append(tag.substr(0, start));
-  if (columns > kMostCopies || rows > kMostCopies || columns * rows > kMostCopies) return;
+  if (std::int64_t{columns} * rows > kMostCopies) return;
   for (int row = 0; row < rows; ++row) {
     for (int column = 0; column < columns; ++column) {
       text_.append(tag.substr(start))
@@ -203,6 +203,11 @@ void Shaper::WritePattern(std::string_view tag, std::string_view inside) {
       text_.append(inside);
     }
   }
+}
+
+/// What a drawing of this size shows.
+std::string AllOf(PixelSize size) {
+  return "0 0 " + std::to_string(size.width) + ' ' + std::to_string(size.height);
 }
 
 std::string Root(PixelSize size, std::string_view view) {
@@ -227,11 +232,11 @@ std::string DrawingFor(const Picture& picture, PixelSize size) {
   const std::string_view root = picture.svg.substr(0, end);
   const std::string_view body = picture.svg.substr(end + 1);
   if (AttributeOf(root, "data-shape") == "any" && picture.natural.width > 0 && picture.natural.height > 0) {
-    std::string text = Root(size, "0 0 " + std::to_string(size.width) + ' ' + std::to_string(size.height));
+    std::string text = Root(size, AllOf(size));
     if (Shaper(root, picture.natural, size, text).Write(body)) return text;
   }
   const std::string_view view = AttributeOf(root, "viewBox");
-  return view.empty() ? std::string(picture.svg) : Root(size, view) + std::string(body);
+  return Root(size, view.empty() ? AllOf(picture.natural) : std::string(view)) + std::string(body);
 }
 
 }  // namespace stage

@@ -86,6 +86,21 @@ TEST(Effects, AreSeenAsLongAsTheyLastAndLeaveNothingBehind) {
   }
 }
 
+TEST(Effects, ThatTakeThePlaceOfWhatIsGoneDoNotWaitForARefresh) {
+  for (const Look& look : kLooks) {
+    const std::string_view name = look.name;
+    const bool at_once = name == "burst" || name == "flash" || name == "appear";
+    if (!at_once && name != "glow" && name != "line") continue;  // they begin with nothing to be seen
+    Stand stand;
+    stand.bench.platform.Pass(milliseconds(5));
+    stand.Effects().Begin(*stand.block, look.make(stand));
+    EXPECT_EQ(stand.Seen(), at_once) << name;
+    const Moment now = stand.bench.platform.Now();
+    EXPECT_GT(stand.Effects().NextBeat(), now) << name;
+    EXPECT_LE(stand.Effects().NextBeat(), now + kBeat) << name;
+  }
+}
+
 TEST(Effects, OfOneMomentPaintNothingButTheirOwnPixels) {
   Stand stand;
   stand.Effects().Begin(*stand.block, look::Line({2000, 2000, 900, 30}, 0xC8D8F0));

@@ -104,6 +104,22 @@ TEST_F(Forms, ThePointerFindsTheTopmostVisibleControl) {
   EXPECT_NEAR(form->y, 4500 / 0.89999974, 0.01);
 }
 
+TEST_F(Forms, ClicksGoWhereTheProgramHasPutThePointer) {
+  const auto box = std::make_shared<NotingForm>(bench.theatre, Units{2, 3});
+  box->Left = 3000;
+  box->Top = 1500;
+  bench.theatre.Show(form, kModeless);
+  bench.theatre.Show(box, kModeless);
+  bench.PointTo(100, 100);
+  bench.theatre.SetCursorPos({300, 200});
+  box->Notes();
+  bench.platform.Send(PointerPressed{});
+  bench.theatre.DoEvents();
+  EXPECT_EQ(box->Notes(), "click ");
+  bench.PointTo(4200, 1800);
+  EXPECT_EQ(std::pair(box->x, box->y), std::pair(Single(600), Single(100)));
+}
+
 TEST_F(Forms, AControlThatIsGoneHasNoFocus) {
   bench.theatre.Show(form, kModeless);
   auto box = std::make_unique<TextBox>(*form, Design{0, 0, 900, 300}, Style{}, "", 9);

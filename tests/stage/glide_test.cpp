@@ -61,6 +61,7 @@ TEST_F(Gliding, PartsEachStepAmongTheRefreshesOfItsBeat) {
     PassRefresh();
     EXPECT_NEAR(SeenLeft(), start + 2.2 * refresh, 0.02) << refresh;
     EXPECT_EQ(ball.Left, 1665 + 165 * (refresh / 5));
+    EXPECT_LE(bench.theatre.Glides().NextRefresh(), bench.platform.Now() + Moment(1000000 / kRefreshRate));
   }
 }
 
@@ -99,6 +100,13 @@ TEST_F(GlidingSlowly, ShowsWhereTheBeatBeforeTheRefreshHasPutTheImage) {
   }
 }
 
+TEST_F(Gliding, WaitsWhereItIsToBeForABeatThatIsLate) {
+  step = 165;
+  bench.Beats(1);
+  bench.platform.Pass(kBeat * 3 / 2);
+  EXPECT_EQ(SeenLeft(), 111);
+}
+
 TEST_F(Gliding, EndsAtAWholePixelAndAsksForNoMoreRefreshes) {
   step = 157;
   bench.Beats(1);
@@ -113,6 +121,7 @@ TEST_F(Gliding, ShowsAtOnceWhatJumps) {
   step = 3000;
   bench.Beats(1);
   EXPECT_EQ(SeenLeft(), 300);
+  EXPECT_EQ(bench.theatre.Glides().NextRefresh(), Moment::max());
   // A step as long as the one before is no jump, however long.
   step = 3000;
   bench.Beats(1);
@@ -126,6 +135,7 @@ TEST_F(Gliding, ShowsAHeldImageWhereItsHolderIsNow) {
   for (const int left : {6000, 6600, 300}) {
     paddle.Left = Single(left);
     EXPECT_EQ(SeenLeft(), left / 15);
+    EXPECT_EQ(bench.theatre.Glides().NextRefresh(), Moment::max());
   }
 }
 

@@ -136,6 +136,47 @@ TEST_F(Replacing, WaitsForAnotherWriterButNotForEver) {
   EXPECT_EQ(tests::ReadFile(file), "new");
 }
 
+TEST(Machine, KnowsTheTimeOfTheDay) {
+  const auto day = [] {
+    const auto now = std::chrono::system_clock::now().time_since_epoch();
+    const std::time_t whole = std::chrono::duration_cast<std::chrono::seconds>(now).count();
+    const std::tm* const local = std::localtime(&whole);
+    const std::chrono::duration<double> part = now - std::chrono::seconds(whole);
+    return (local->tm_hour * 60 + local->tm_min) * 60 + local->tm_sec + part.count();
+  };
+  double before = 1;
+  double told = 0;
+  double after = 0;
+  while (after < before) {  // once more at midnight
+    before = day();
+    told = stage::machine::SecondsOfDay();
+    after = day();
+  }
+  EXPECT_GE(told, before);
+  EXPECT_LE(told, after);
+}
+
+TEST(Machine, KeepsThePlayersFilesWhereTheSystemSays) {
+  const char* const known[] = {"XDG_DATA_HOME", "HOME"};
+  std::vector<std::string> kept;
+  for (const char* const name : known)
+    kept.emplace_back(std::getenv(name) == nullptr ? "" : std::getenv(name));
+  struct Case {
+    const char* data;
+    const char* home;
+    const char* expected;
+  };
+  for (const Case& each : {Case{"/data", "/home/any", "/data"},
+                           {"data", "/home/any", "/home/any/.local/share"},
+                           {"", "/home/any", "/home/any/.local/share"},
+                           {"", "any", ""}}) {
+    setenv(known[0], each.data, 1);
+    setenv(known[1], each.home, 1);
+    EXPECT_EQ(stage::machine::DataHome(), each.expected);
+  }
+  for (std::size_t i = 0; i < kept.size(); ++i) setenv(known[i], kept[i].c_str(), 1);
+}
+
 TEST(PrivateFolder, IsForItsOwnerAlone) {
   using std::filesystem::perms;
   const stage::TempFolder folder;
@@ -143,7 +184,8 @@ TEST(PrivateFolder, IsForItsOwnerAlone) {
   EXPECT_TRUE(stage::machine::MakePrivateFolder(made));
   EXPECT_EQ(std::filesystem::status(made).permissions(), perms::owner_all);
   EXPECT_FALSE(stage::machine::MakePrivateFolder(made));
-  EXPECT_FALSE(stage::machine::MakePrivateFolder(stage::machine::Nowhere() / "a"));
+  std::error_code error;
+  EXPECT_FALSE(std::filesystem::create_directories(stage::machine::Nowhere() / "a", error));
 }
 
 }  // namespace

@@ -184,6 +184,42 @@ TEST(Painting, BringsALostPictureBackWithBlackBesideTheScreen) {
   }
 }
 
+TEST(Painting, OfAFormThatIsNoRectangleShowsItsPartsAtEveryScale) {
+  constexpr Asset kGrey{"grey", R"(<svg xmlns="http://www.w3.org/2000/svg" width="20" height="10">
+<rect width="20" height="10" fill="#808080"/></svg>)"};
+  const PictureStore pictures{{&kGrey, 1}};
+  for (const Double scale : {1.0, 1.37, 1.8, 2.4}) {
+    Bench bench({.scale = scale});
+    bench.platform.Look(true);
+    const auto form = std::make_shared<NotingForm>(bench.theatre);
+    form->Picture = pictures.Named("grey");
+    form->Width = 300;
+    form->Height = 150;
+    // In the grid of the picture: without a corner, a hole and the end of a row.
+    const std::vector<stage::Run> left_out{{0, 0, 3}, {1, 0, 1}, {4, 7, 12}, {9, 13, 20}};
+    form->SetWindowRgn(std::make_shared<WindowRegion>(PixelSize{20, 10}, left_out));
+    bench.theatre.Show(form, kModeless);
+    for (const int at : {0, 1500}) {
+      form->Left = Single(at);
+      form->Top = Single(at);
+      const std::vector<Pixel> pixels = bench.Pixels();
+      const PixelRect place = bench.theatre.Painting().View().ToPixels(form->Interior());
+      const int width = bench.platform.DisplaySize().width;
+      for (int i = 0; i < int(pixels.size()); ++i) {
+        const PixelPoint pixel{i % width - place.left, i / width - place.top};
+        const int column = pixel.x * 20 / place.Width();
+        const int row = pixel.y * 10 / place.Height();
+        const bool inside =
+            pixel.x >= 0 && pixel.x < place.Width() && pixel.y >= 0 && pixel.y < place.Height();
+        const bool seen = inside && std::ranges::none_of(left_out, [&](const stage::Run& run) {
+                            return row == run.y && column >= run.x0 && column < run.x1;
+                          });
+        ASSERT_EQ(pixels[std::size_t(i)], seen ? 0x808080U : 0U) << pixel.x << ' ' << pixel.y << ' ' << scale;
+      }
+    }
+  }
+}
+
 TEST(Painting, OfADialogLeavesTheFormsBelowAsTheyAre) {
   constexpr Pixel kFrame = 0xB9C2D6;
   constexpr Pixel kFocused = 0xFFD23F;

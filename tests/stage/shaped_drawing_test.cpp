@@ -37,11 +37,13 @@ TEST(ShapedDrawing, KeepsPlacesAsFarFromTheNearerEdgeAsTheyAreDrawn) {
        {20, 300},
        R"(<path d="M 2 298C -1 310 18 2 20 300"/>)"},
       {"twice as large", R"(<path d="M2.5.5H39"/>)", {80, 40}, R"(<path d="M 5 1H 78"/>)"},
+      {"the middle goes with the left", R"(<path d="M20 10H21"/>)", {300, 20}, R"(<path d="M 20 10H 281"/>)"},
       {"nothing crosses the middle", R"(<path d="M18 4H22"/>)", {20, 20}, R"(<path d="M 10 4H 10"/>)"},
+      {"nor where it is larger", R"(<path d="M18 4H22"/>)", {30, 40}, R"(<path d="M 15 6H 15"/>)"},
       {"other attributes",
-       R"(<stop x1="1" x2="39" y1="2" y2="19" stroke-width="1.5" fill="#fff"/>)",
+       R"(<stop x1="1" x2="39" y1="2" y2="19" stroke-width="1.5" fill="" id="a"/>)",
        {100, 40},
-       R"(<stop x1="2" x2="98" y1="4" y2="38" stroke-width="3.00000" fill="#fff"/>)"}};
+       R"(<stop x1="2" x2="98" y1="4" y2="38" stroke-width="3.00000" fill="" id="a"/>)"}};
   for (const Case& each : cases) EXPECT_EQ(Body(Made(each.body, each.size)), each.expected) << each.what;
 }
 
@@ -53,10 +55,10 @@ TEST(ShapedDrawing, KeepsTheMarginsOfItsBodyApart) {
 }
 
 TEST(ShapedDrawing, RepeatsPatternsWholePixelsApartFromTheMiddleOn) {
-  const std::string tile = R"(<g id="t" data-every="10 20"><path d="M0 0V20"/></g>)";
-  const auto copies = [&](PixelSize size) {
+  const auto copies = [&](PixelSize size, const std::string& every = "10 20") {
+    const std::string tile = R"(<g id="t" data-every=")" + every + R"("><path d="M0 0V20"/></g>)";
     std::string places;
-    std::string drawn = Body(Made(tile, size));
+    const std::string drawn = Body(Made(tile, size));
     for (std::size_t at = drawn.find("translate("); at != std::string::npos;
          at = drawn.find("translate(", at + 1)) {
       places += drawn.substr(at + 10, drawn.find(')', at) - at - 10) + ';';
@@ -69,6 +71,7 @@ TEST(ShapedDrawing, RepeatsPatternsWholePixelsApartFromTheMiddleOn) {
   EXPECT_EQ(copies({20, 40}),
             "0.00000 -10.00000;10.00000 -10.00000;0.00000 10.00000;10.00000 10.00000;"
             "0.00000 30.00000;10.00000 30.00000;");
+  EXPECT_EQ(copies({4, 20}, "1 20"), "1.00000 0.00000;2.00000 0.00000;") << "no finer than a pixel";
 }
 
 TEST(ShapedDrawing, StretchesWhatItCannotRead) {
@@ -78,14 +81,19 @@ TEST(ShapedDrawing, StretchesWhatItCannotRead) {
                                  R"(<path d="M1e9 1"/>)", R"(<g data-every="9 9"><path d="M0 0"/>)"}) {
     const std::string made = Made(body, {400, 20});
     EXPECT_EQ(Body(made), body);
-    EXPECT_NE(made.find(R"(width="400" height="20" viewBox="0 0 40 20")"), std::string::npos) << made;
+    EXPECT_TRUE(
+        made.starts_with(R"(<svg xmlns="http://www.w3.org/2000/svg" preserveAspectRatio="none" width="400" )"
+                         R"(height="20" viewBox="0 0 40 20">)"))
+        << made;
+    const std::string without_view = "<svg>" + body + "</svg>";
+    EXPECT_EQ(DrawingFor({"name", without_view, {40, 20}}, {400, 20}), made);
   }
 }
 
 TEST(ShapedDrawing, IsBoundedWhateverItsTextSays) {
   const std::string many(400, '9');
   const std::string fine = R"(<g data-every="0.001 -5"><path d="M0 0"/></g>)";
-  for (const PixelSize size : {PixelSize{1, 1}, {2048, 1}, {2048, 2048}}) {
+  for (const PixelSize size : {PixelSize{1, 1}, {300, 20}, {2048, 1}, {2048, 2048}}) {
     EXPECT_LT(Made(fine, size).size(), 100'000U);
     for (const std::string& body :
          {std::string(R"(<path d="M)").append(many).append(" -").append(many).append(R"(H1"/>)"),

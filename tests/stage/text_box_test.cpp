@@ -90,8 +90,10 @@ TEST_F(TextBoxes, ShowWhatIsSelectedAndWhereTheyAreWritten) {
   bench.platform.Look(true);
   box.Visible = false;
   for (const Case& each : cases) {
-    for (const bool focused : {true, false}) {
-      SCOPED_TRACE(each.text + (focused ? " focused" : ""));
+    for (const auto& [focused, scale] : {std::pair(true, 1.0), {false, 1.0}, {true, 1.8}}) {
+      SCOPED_TRACE(each.text + (focused ? " focused at " : " at ") + std::to_string(scale));
+      bench.platform.Rescale(scale);
+      bench.theatre.DoEvents();
       seen.SetFocus();
       seen.Text = "";
       bench.Type(each.text);
@@ -136,6 +138,19 @@ TEST_F(TextBoxes, AskForTextWhileTheyHoldTheFocus) {
     bench.Press(key::kEsc);
   };
   bench.theatre.MsgBox("any");
+}
+
+TEST_F(TextBoxes, ShowATextThatIsSetAndTypeOverAllOfIt) {
+  bench.platform.Look(true);
+  TextBox seen(*form, {1500, 3000, 4500, 600}, {{}, Rgb(255, 255, 255)}, "", 9);
+  seen.SetFocus();
+  const std::vector<Pixel> empty = bench.Pixels();
+  seen.Text = "abc";
+  EXPECT_NE(bench.Pixels(), empty);
+  bench.Press(key::kEnd);
+  seen.SelectAll();
+  bench.Type("z");
+  EXPECT_EQ(seen.Text.Get(), "z");
 }
 
 TEST_F(TextBoxes, RefuseWhatTheyDoNotAccept) {

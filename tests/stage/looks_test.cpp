@@ -1,0 +1,166 @@
+// What the lights of effects are like at single moments: where they lie, in which colour, and how bright.
+#include "stage/painting/looks.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <map>
+#include <set>
+
+#include "tests/stage/bench.h"
+
+namespace {
+
+using namespace tests;
+using std::chrono::milliseconds;
+
+constexpr Pixel kInside = 0x305070;
+constexpr Asset kFlat{"flat",
+                      R"(<svg xmlns="http://www.w3.org/2000/svg" width="32" height="16" viewBox="0 0 32 16">
+<rect width="32" height="16" fill="#ff0000"/><rect x="6" y="3" width="20" height="10" fill="#305070"/></svg>)"};
+
+class Looks : public testing::TestWithParam<Double> {
+ protected:
+  Scene At(const Effect& effect, Moment age) {
+    return effect.look(age, {view, bench.theatre.Painting().Made(), milliseconds(17)});
+  }
+  template <class Mark>
+  Mark Only(const Effect& effect, Moment age) {
+    const Scene scene = At(effect, age);
+    EXPECT_EQ(scene.marks.size(), 1U);
+    return std::get<Mark>(scene.marks.at(0));
+  }
+  PixelRect PlaceOf(const Image& image) const { return view.ToPixels(image.Area()); }
+  int Length(Double design_pixels) const { return view.Length(design_pixels * kTwipsPerPixel); }
+
+  Bench bench{{.scale = GetParam()}};
+  Viewport view = bench.theatre.Painting().View();
+  std::shared_ptr<NotingForm> form = std::make_shared<NotingForm>(bench.theatre);
+  PictureStore pictures{{&kFlat, 1}};
+  Image block{*form, {3000, 3000, 480, 240}, pictures.Named("flat"), true};
+};
+INSTANTIATE_TEST_SUITE_P(Scales, Looks, testing::Values(1.0, 1.8, 3.6));
+
+/// How much of white has been mixed into each colour of a pixel.
+std::array<Double, 3> White(Pixel colour, Pixel under) {
+  const auto part = [&](int shift) {
+    const int from = int(under >> shift & 255U);
+    return (int(colour >> shift & 255U) - from) / Double(255 - from);
+  };
+  return {part(16), part(8), part(0)};
+}
+
+TEST_P(Looks, ABurstIsTheBlockInItsOwnColourAndFourSparksToAllSides) {
+  const Effect burst = look::Burst(block, {2000, 3600});
+  const PixelPlace start = view.ToPlace({3000, 3240});
+  Double far_before = 0;
+  Pixel part_before = kWhole;
+  for (const int age : {0, 40, 80, 120, 140}) {
+    const Scene scene = At(burst, milliseconds(age));
+    ASSERT_EQ(scene.marks.size(), 5U) << age;
+    const auto face = std::get<Light>(scene.marks[0]);
+    EXPECT_EQ(face.place, PlaceOf(block));
+    EXPECT_LT(face.part, part_before);
+    part_before = face.part;
+    const auto white = White(face.colour, kInside);
+    for (const Double part : white) EXPECT_NEAR(part, age == 0 ? 0.7 : 0.125, 0.01);
+    Double far = 0;
+    std::set<std::pair<bool, bool>> sides;
+    for (std::size_t i = 1; i < scene.marks.size(); ++i) {
+      const auto spark = std::get<Light>(scene.marks[i]);
+      EXPECT_EQ(spark.place.Width(), Length(2.5));
+      EXPECT_EQ(spark.place.Height(), Length(2.5));
+      const Double x = (spark.place.left + spark.place.right) / 2.0 - start.x;
+      const Double y = (spark.place.top + spark.place.bottom) / 2.0 - start.y;
+      sides.emplace(x > 0, y > 0);
+      EXPECT_LE(std::hypot(x, y), age == 0 ? 1 : Length(24));
+      EXPECT_GE(std::min(std::abs(x), std::abs(y)), age > 100 ? Length(7) : 0);
+      far = std::max(far, std::hypot(x, y));
+    }
+    if (age > 0) {
+      EXPECT_EQ(sides.size(), 4U);
+      EXPECT_GE(far, far_before);
+    }
+    far_before = far;
+  }
+  EXPECT_TRUE(At(burst, milliseconds(150)).marks.empty());
+}
+
+TEST_P(Looks, AGlintRunsOverAllOfTheRimAndNothingElse) {
+  const Effect glint = look::Glint(block);
+  const PixelRect outer = PlaceOf(block);
+  const int line = Length(2.5);
+  const auto band = [&](Moment age) { return std::get<Light>(At(glint, age).marks.at(0)).band.value(); };
+  std::map<std::pair<int, int>, int> lit;
+  for (const auto& mark : At(glint, milliseconds(50)).marks) {
+    const auto light = std::get<Light>(mark);
+    for (int y = light.place.top; y < light.place.bottom; ++y) {
+      for (int x = light.place.left; x < light.place.right; ++x) ++lit[{x, y}];
+    }
+  }
+  for (int y = outer.top - 1; y <= outer.bottom; ++y) {
+    for (int x = outer.left - 1; x <= outer.right; ++x) {
+      const int in = std::min({x - outer.left, outer.right - 1 - x, y - outer.top, outer.bottom - 1 - y});
+      ASSERT_EQ(lit[std::pair(x, y)], in >= 0 && in < line ? 1 : 0) << x << ' ' << y;
+    }
+  }
+  EXPECT_LE(band(Moment{}).middle + band(Moment{}).half, outer.left + outer.top);
+  const Light::Band last = band(milliseconds(100));
+  EXPECT_GE(last.middle - last.half, outer.right + outer.bottom);
+}
+
+TEST_P(Looks, APlateThatCollapsesGetsFlatAndNarrowInThePaddlesMiddle) {
+  struct Case {
+    Double paddle;  // its left edge
+    Double goal;    // where the plate's middle goes
+  };
+  for (const Case& each : {Case{3100, 3240}, {2000, 2900}, {3300, 3300}}) {
+    const Image paddle(*form, {each.paddle, 3600, 900, 300}, nullptr, true);
+    const Effect collapse = look::Collapse(block, paddle);
+    const auto begin = Only<Ghost>(collapse, Moment{});
+    EXPECT_EQ(begin.place, PlaceOf(block));
+    EXPECT_EQ(begin.within, begin.place);
+    const auto half = Only<Ghost>(collapse, milliseconds(85));  // half of the way, as it goes ever faster
+    const PixelPlace middle = view.ToPlace({(each.goal + 3240) / 2, (3240 + 3750) / 2.0});
+    EXPECT_NEAR((half.place.left + half.place.right) / 2.0, middle.x, 1);
+    EXPECT_NEAR(half.place.bottom, middle.y, 2 * GetParam());
+    EXPECT_NEAR(half.place.Width(), Length(32 * 0.8), 1);
+    EXPECT_NEAR(half.place.Height(), Length(8), 1);
+    const auto end = Only<Ghost>(collapse, milliseconds(120));
+    EXPECT_EQ(end.place.Width(), Length(32 * 0.6));
+    EXPECT_EQ(end.place.Height(), 0);
+  }
+}
+
+TEST_P(Looks, ChevronsRiseOneAfterTheOtherAboveTheMiddleOfTheBall) {
+  const Image ball(*form, {6000, 6000, 225, 225}, pictures.Named("flat"), true);
+  const Effect chevrons = look::Chevrons(ball, milliseconds(500));
+  const PixelRect place = PlaceOf(ball);
+  std::set<int> heights;
+  std::size_t most = 0;
+  EXPECT_TRUE(At(chevrons, milliseconds(499)).marks.empty());
+  for (int age = 510; age < 1500; age += 10) {
+    const Scene scene = At(chevrons, milliseconds(age));
+    most = std::max(most, scene.marks.size());
+    int above = place.top;
+    for (const auto& mark : scene.marks) {
+      const auto chevron = std::get<Ghost>(mark);
+      EXPECT_NEAR(chevron.place.left + chevron.place.right, place.left + place.right, 1);
+      EXPECT_EQ(chevron.place.Width(), Length(18));
+      EXPECT_EQ(chevron.place.Height(), Length(9));
+      EXPECT_LT(chevron.place.top, above);
+      EXPECT_GT(chevron.part, 0U);
+      above = chevron.place.top;
+      heights.insert(above);
+      const auto drawn = bench.theatre.Painting().Made().Of(*chevron.picture, chevron.drawn);
+      const auto stroke = [&](Double x, Double y) {
+        return (drawn->At(int(x * GetParam()), int(y * GetParam())) & 255U) > 100;
+      };
+      EXPECT_TRUE(stroke(5.5, 4.5) && stroke(9, 2) && stroke(12.5, 4.5) && !stroke(9, 7));
+    }
+  }
+  EXPECT_EQ(most, 3U);
+  EXPECT_GT(heights.size(), 20U);
+}
+
+}  // namespace
