@@ -213,6 +213,7 @@ var Module = {
   arguments: Own.words,
   keys: Own.keys,
   keysWithCtrl: Own.keysWithCtrl,
+  fingersDraw: Own.part === 'workshop',
   // Not before: files go into the program's memory, which must be there.
   preRun: [() => {
     addRunDependency('page');

@@ -5,7 +5,7 @@ const Own = {
     failed: 'A oficina parou: ',
     again: 'Abrir de novo',
     notKept: 'Este navegador não guarda nada para esta página: as telas acabam com ela. O endereço de uma tela a leva.',
-    keys: 'Clique: um bloco. Arraste: uma fila. Botão direito ou Delete: apaga. F5: joga a tela, Esc volta. ' +
+    keys: 'Clique ou toque: um bloco. Arraste: uma fila. Botão direito ou Delete: apaga. F5: joga a tela, Esc volta. ' +
       'Ctrl+S: guarda. Ctrl+L: copia o endereço da tela, para mandar a alguém. F1: o resto.',
     help: 'Ajuda',
     play: 'Jogar',
@@ -13,6 +13,7 @@ const Own = {
     save: 'Guardar',
     load: 'Abrir',
     rule: 'Regra',
+    remove: 'Apagar o escolhido',
     undo: 'Desfazer',
     redo: 'Refazer',
     close: 'Voltar à oficina',
@@ -23,7 +24,7 @@ const Own = {
     failed: 'The workshop has stopped: ',
     again: 'Open it again',
     notKept: 'This browser keeps nothing for this page: levels end with it. The address of a level carries it.',
-    keys: 'Click: a block. Drag: a row. Right button or Delete: removes. F5: plays the level, Esc comes back. ' +
+    keys: 'Click or tap: a block. Drag: a row. Right button or Delete: removes. F5: plays the level, Esc comes back. ' +
       'Ctrl+S: saves. Ctrl+L: copies the address of the level, to be sent to somebody. F1: the rest.',
     help: 'Help',
     play: 'Play',
@@ -31,6 +32,7 @@ const Own = {
     save: 'Save',
     load: 'Open',
     rule: 'Rule',
+    remove: 'Remove what is chosen',
     undo: 'Undo',
     redo: 'Redo',
     close: 'Back to the workshop',
@@ -43,8 +45,8 @@ const Own = {
   keys: [112, 116],
   keysWithCtrl: [65, 67, 68, 69, 76, 77, 79, 83, 88, 89, 90],
   actions: {
-    help: [112, 0], play: [116, 0], link: [76, 2], save: [83, 2], load: [79, 2], rule: [82, 0], undo: [90, 2],
-    redo: [89, 2],
+    help: [112, 0], play: [116, 0], link: [76, 2], save: [83, 2], load: [79, 2], rule: [82, 0],
+    remove: [46, 0], undo: [90, 2], redo: [89, 2],
   },
 
   // What stands from '#' on may come from anybody. A longer one than the workshop makes carries no level.

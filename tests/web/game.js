@@ -108,11 +108,24 @@ class Game {
     await this.still('the workshop');
   }
 
-  // Paints from one place of the grid, a column and a row, to another, or a block in one.
+  // A place of the grid, by its column and row, on the page.
+  cell([column, row]) {
+    return [(column * 490 + 610) / 12000 * this.page.width * 0.99375004, (row * 260 + 890) / 10000 * this.page.height];
+  }
+
+  // Paints from one place of the grid to another, or a block in one.
   async draw(from, to = from) {
-    const place = ([column, row]) => [(column * 490 + 610) / 12000 * this.page.width * 0.99375004,
-                                      (row * 260 + 890) / 10000 * this.page.height];
-    await this.page.drag(place(from), place(to));
+    await this.page.drag(this.cell(from), this.cell(to));
+  }
+
+  // The same with a finger.
+  async trace(from, to = from) {
+    const [begin, end] = [this.cell(from), this.cell(to)];
+    await this.page.touch('touchStart', begin);
+    for (let part = 0.1; part <= 1; part += 0.1)
+      await this.page.touch('touchMove', begin.map((place, i) => place + (end[i] - place) * part));
+    await this.page.touch('touchMove', end);
+    await this.page.touch('touchEnd');
   }
 
   // The drawing's address, as the workshop copies it.

@@ -320,6 +320,34 @@ const tests = {
     demand(!(await game.evaluate("Files.names(Files.own + '/levels').includes('rascunho.sav')")), 'the draft is there');
   },
 
+  async 'a finger draws, and what is not wanted is not offered again'(visit) {
+    const workshop = visit.site.url + 'oficina.html';
+    const page = await visit.open(kPhone, workshop);
+    let game = new Game(page);
+    await game.toDrawing();
+    const lit = async () => (await game.blocks()).lit;
+    const empty = await lit();
+    await game.trace([0, 4], [23, 4]);
+    const row = await until(async () => (await lit()) > empty && lit(), 'a row of blocks');
+    demand((await game.blocks()).first < 0.05 && (await game.blocks()).last > 0.9, 'it is shorter');
+    await game.trace([5, 4]);
+    await game.evaluate("Page.by('open').click(); Page.by('remove').click()");
+    await until(async () => (await lit()) < row, 'a block fewer');
+    await keep(page, 'finger');
+
+    const draft = "Files.names(Files.own + '/levels').includes('rascunho.sav')";
+    await game.sees(draft + ' && !Files.writing', 'the draft');
+    await game.press('Escape', 27);
+    await game.still('the question');
+    await game.press('Tab', 9);
+    await game.press('Enter', 13, { text: '\r' });
+    await game.sees('!Page.playing && !Files.writing', 'the end');
+    await page.go(workshop);
+    game = new Game(page);
+    await game.toDrawing();
+    demand(!(await game.evaluate(draft)) && (await lit()) === empty, 'the drawing is offered again');
+  },
+
   async 'what an address cannot carry leaves an empty drawing'(visit) {
     const workshop = visit.site.url + 'oficina.html';
     let page = await visit.open(kDesk, workshop);

@@ -62,7 +62,8 @@ const Hand = {
     canvas.addEventListener('wheel', turn, { passive: false });
   },
 
-  // The first finger steers; a short touch in one place presses.
+  // The first finger steers, and a short touch in one place presses; where Module says that fingers draw it presses as
+  // long as it touches.
   openFingers(canvas) {
     const kShort = 300;  // ms
     const kOnePlace = 12;
@@ -73,13 +74,16 @@ const Hand = {
       if (touch) this.move(touch);
       return touch;
     };
+    const tip = (kind) => this.push({ kind, code: 1 });
     const listen = (name, what) => canvas.addEventListener(name, what, { passive: false });
     listen('touchstart', (event) => {
-      if (!first) {
+      const begins = !first;
+      if (begins) {
         const [{ identifier, clientX, clientY }] = event.changedTouches;
         first = { identifier, clientX, clientY, at: event.timeStamp };
       }
       follow(event);
+      if (begins && Module.fingersDraw) tip(2);
     });
     listen('touchmove', follow);
     listen('touchend', (event) => {
@@ -87,14 +91,16 @@ const Hand = {
       const touch = follow(event);
       if (!touch) return;
       const way = Math.hypot(touch.clientX - first.clientX, touch.clientY - first.clientY);
-      if (event.timeStamp - first.at < kShort && way < kOnePlace) {
-        Typing.focus();
-        this.push({ kind: 2, code: 1 });
-        this.push({ kind: 7, code: 1 });
-      }
+      const short = event.timeStamp - first.at < kShort && way < kOnePlace;
+      if (short) Typing.focus();
+      if (short && !Module.fingersDraw) tip(2);
+      if (short || Module.fingersDraw) tip(7);
       first = null;
     });
-    listen('touchcancel', () => (first = null));
+    listen('touchcancel', () => {
+      if (first && Module.fingersDraw) tip(7);
+      first = null;
+    });
   },
 
   // A code of the program's is the browser's own. Other keys than those that programs know have none. Those that
