@@ -75,12 +75,16 @@ TEST_F(Forms, ThePointerFindsTheTopmostVisibleControl) {
   for (Integer i = 2; i <= 3; i = i + 1) array(i).Visible = true;
   Label label(*form, {600, 0, 900, 900}, {}, "label");
   PictureBox box(*form, {1200, 0, 600, 600});
-  Image inside(box, {300, 0, 3000, 3000}, ball, true);
+  Image inside(box, {300, 30, 3000, 3000}, ball, true);
   Single x = 0;
+  Single y = 0;
   array.Click = [&](Integer index) { hits += std::to_string(index); };
   box.Click = [&] { hits += "b"; };
   inside.Click = [&] { hits += "i"; };
-  inside.MouseMove = [&](Integer, Integer, Single X, Single) { x = X; };
+  inside.MouseMove = [&](Integer, Integer, Single X, Single Y) {
+    x = X;
+    y = Y;
+  };
   bench.theatre.Show(form, kModeless);
   form->Notes();
 
@@ -90,6 +94,7 @@ TEST_F(Forms, ThePointerFindsTheTopmostVisibleControl) {
   bench.ClickAt(1650, 150);
   EXPECT_EQ(hits, "2bi");
   EXPECT_NEAR(x, 150, 0.01);
+  EXPECT_NEAR(y, 120, 0.01);
   array(2).Visible = false;
   bench.ClickAt(150, 150);
   EXPECT_EQ(hits, "2bi3");
@@ -111,9 +116,9 @@ TEST_F(Forms, ClicksGoWhereTheProgramHasPutThePointer) {
   bench.theatre.Show(form, kModeless);
   bench.theatre.Show(box, kModeless);
   bench.PointTo(100, 100);
+  bench.platform.Send(PointerPressed{});  // which the program has not taken in yet
   bench.theatre.SetCursorPos({300, 200});
   box->Notes();
-  bench.platform.Send(PointerPressed{});
   bench.theatre.DoEvents();
   EXPECT_EQ(box->Notes(), "click ");
   bench.PointTo(4200, 1800);

@@ -61,6 +61,7 @@ TEST_F(Gliding, PartsEachStepAmongTheRefreshesOfItsBeat) {
     PassRefresh();
     EXPECT_NEAR(SeenLeft(), start + 2.2 * refresh, 0.02) << refresh;
     EXPECT_EQ(ball.Left, 1665 + 165 * (refresh / 5));
+    EXPECT_GT(bench.theatre.Glides().NextRefresh(), bench.platform.Now());
     EXPECT_LE(bench.theatre.Glides().NextRefresh(), bench.platform.Now() + Moment(1000000 / kRefreshRate));
   }
 }
@@ -107,6 +108,22 @@ TEST_F(Gliding, WaitsWhereItIsToBeForABeatThatIsLate) {
   EXPECT_EQ(SeenLeft(), 111);
 }
 
+/// On a display with a quarter as many.
+class GlidingRarely : public Gliding {
+ protected:
+  GlidingRarely() : Gliding(std::nullopt, 16) {}
+};
+
+TEST_F(GlidingRarely, IsNeverBehindWhereItWasABeatAgo) {
+  step = next_step = 165;
+  for (int beat = 0; beat < 8; ++beat) {
+    const Double ago = ball.Left / 15;
+    bench.Beats(1);
+    EXPECT_GE(SeenLeft(), beat == 0 ? 100 : ago - 11);
+    EXPECT_LE(SeenLeft(), ball.Left / 15);
+  }
+}
+
 TEST_F(Gliding, EndsAtAWholePixelAndAsksForNoMoreRefreshes) {
   step = 157;
   bench.Beats(1);
@@ -127,6 +144,16 @@ TEST_F(Gliding, ShowsAtOnceWhatJumps) {
   bench.Beats(1);
   PassRefresh();
   EXPECT_NEAR(SeenLeft(), 340, 0.02);
+}
+
+TEST_F(Gliding, TakesThreeOfItsLengthsForAJump) {
+  step = 660;
+  bench.Beats(1);
+  EXPECT_EQ(SeenLeft(), 100);
+  bench.Beats(2);
+  step = 690;
+  bench.Beats(1);
+  EXPECT_EQ(SeenLeft(), 144 + 46);
 }
 
 TEST_F(Gliding, ShowsAHeldImageWhereItsHolderIsNow) {

@@ -55,9 +55,13 @@ TEST_P(Looks, ABurstIsTheBlockInItsOwnColourAndFourSparksToAllSides) {
   const PixelPlace start = view.ToPlace({3000, 3240});
   Double far_before = 0;
   Pixel part_before = kWhole;
+  Pixel spark_before = kWhole;
   for (const int age : {0, 40, 80, 120, 140}) {
     const Scene scene = At(burst, milliseconds(age));
     ASSERT_EQ(scene.marks.size(), 5U) << age;
+    const Pixel spark_part = std::get<Light>(scene.marks[1]).part;
+    EXPECT_TRUE(age == 0 ? spark_part == kWhole : spark_part < spark_before) << spark_part;
+    spark_before = spark_part;
     const auto face = std::get<Light>(scene.marks[0]);
     EXPECT_EQ(face.place, PlaceOf(block));
     EXPECT_LT(face.part, part_before);

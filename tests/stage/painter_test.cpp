@@ -220,6 +220,24 @@ TEST(Painting, OfAFormThatIsNoRectangleShowsItsPartsAtEveryScale) {
   }
 }
 
+TEST(Painting, OfABoxHidesWhatLiesBelowIt) {
+  Bench bench;
+  bench.platform.Look(true);
+  const auto form = std::make_shared<NotingForm>(bench.theatre);
+  const PictureRef block = bench.theatre.Pictures.Named("ImagePedra1");
+  const Image below(*form, {0, 0, 3000, 3000}, block, true);
+  PictureBox box(*form, {600, 600, 900, 900});
+  const Image inside(box, {300, 300, 900, 300}, block, true);
+  bench.theatre.Show(form, kModeless);
+  bench.theatre.PaintNow();
+  Sight sight(bench.theatre);
+  sight.Show("ImagePedra1", {0, 0, 3000, 3000});
+  sight.Within({600, 600, 900, 900});
+  sight.Fill({600, 600, 900, 900}, 0);
+  sight.Show("ImagePedra1", {900, 900, 900, 300});
+  sight.ExpectShown();
+}
+
 TEST(Painting, OfADialogLeavesTheFormsBelowAsTheyAre) {
   constexpr Pixel kFrame = 0xB9C2D6;
   constexpr Pixel kFocused = 0xFFD23F;

@@ -63,6 +63,8 @@ TEST_F(Installed, AFileOfThePlayersWinsAndAMissingOneFallsBack) {
   EXPECT_EQ(stage::FileToRead(found, Own() / "levels" / "1.sav"), Own() / "levels" / "1.sav");
   EXPECT_EQ(stage::FileToRead(found, Own() / "levels" / "2.sav"), Share() / "levels" / "2.sav");
   EXPECT_EQ(stage::FileToRead(found, Own() / "levels" / "3.sav"), Own() / "levels" / "3.sav");
+  // As far from the player's folder as another is from that of the program.
+  WriteFile(Share() / ".." / ".." / "levels" / "2.sav", kQuietLevel);
   EXPECT_EQ(stage::FileToRead(found, home_.Path() / "levels" / "2.sav"), home_.Path() / "levels" / "2.sav");
 }
 

@@ -123,6 +123,10 @@ TEST(Scalars, DrawsSpreadEvenlyBelowOne) {
 TEST(Scalars, TextIsCountedInCharacters) {
   EXPECT_EQ(Characters("Você é").size(), 6U);
   EXPECT_EQ(Utf8(Characters("aé€😀")), "aé€😀");
+  // The first and the last of each length, and beside what stands for no character.
+  const std::u32string edges{0x7F, 0x80, 0x7FF, 0x800, 0xD7FF, 0xE000, 0xFFFF, 0x10000, 0x10FFFF};
+  EXPECT_EQ(Utf8(edges).size(), 1U + 2 + 2 + 3 + 3 + 3 + 3 + 4 + 4);
+  EXPECT_EQ(Characters(Utf8(edges)), edges);
   const std::pair<const char*, const char*> broken[] = {{"a\xFFz", "az"},         {"\xC3", ""},
                                                         {"\xC0\x80z", "z"},       {"\xED\xA0\x80", ""},
                                                         {"\xF5\x80\x80\x80", ""}, {"\xC3\xC3\xA9", "é"}};

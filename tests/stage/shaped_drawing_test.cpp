@@ -52,6 +52,8 @@ TEST(ShapedDrawing, KeepsTheMarginsOfItsBodyApart) {
   // The margins are 2 and 4 pixels, and what is 5 units from an edge of the body is 8 pixels from it at each.
   EXPECT_EQ(Body(Made(R"(<path d="M1.3 0L6.3 5L35 12.4L40 17.4"/>)", {64, 32}, root)),
             R"(<path d="M 2 0L 10 8L 56 20L 64 28"/>)");
+  EXPECT_EQ(Body(Made(R"(<path d="M15 0"/>)", {32, 32}, root)), R"(<path d="M 17 0"/>)")
+      << "the middle of the body";
 }
 
 TEST(ShapedDrawing, RepeatsPatternsWholePixelsApartFromTheMiddleOn) {
