@@ -2,10 +2,10 @@
 
 #include <exception>
 
+#include "oficina/bot/level_plays.h"
+#include "oficina/bot/session.h"
 #include "stage/files/temp_folder.h"
 #include "stage/files/text_file.h"
-#include "tools/ordeal/level_plays.h"
-#include "tools/ordeal/session.h"
 
 namespace oficina {
 namespace {

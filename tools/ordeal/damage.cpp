@@ -10,11 +10,11 @@
 #include <iostream>
 
 #include "assets/assets.h"
+#include "oficina/bot/bot.h"
 #include "records/store.h"
 #include "stage/files/temp_folder.h"
 #include "stage/machines/sdl/artist.h"
 #include "tools/files.h"
-#include "tools/ordeal/bot.h"
 #include "tools/ordeal/mutator.h"
 
 namespace {

@@ -9,10 +9,10 @@
 #include <limits>
 #include <random>
 
+#include "oficina/bot/level_plays.h"
+#include "oficina/bot/session.h"
 #include "stage/files/temp_folder.h"
 #include "stage/machines/machine.h"
-#include "tools/ordeal/level_plays.h"
-#include "tools/ordeal/session.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "tools/ordeal/level_plays.h"
+#include "oficina/bot/level_plays.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
-#include "tools/ordeal/level_plays.h"
+#include "oficina/bot/level_plays.h"
 
 #include <algorithm>
 #include <iomanip>
 #include <limits>
 #include <sstream>
 
-#include "tools/ordeal/session.h"
+#include "oficina/bot/session.h"
 
 namespace bot {
 namespace {

@@ -1,9 +1,9 @@
-#include "tools/ordeal/bot.h"
+#include "oficina/bot/bot.h"
 
 #include <gtest/gtest.h>
 
+#include "oficina/bot/invariants.h"
 #include "tests/mesa.h"
-#include "tools/ordeal/invariants.h"
 
 namespace tests {
 namespace {

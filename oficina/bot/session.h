@@ -2,9 +2,9 @@
 #pragma once
 
 #include "assets/assets.h"
+#include "oficina/bot/bot.h"
+#include "oficina/bot/invariants.h"
 #include "stage/machines/scripted/blind_artist.h"
-#include "tools/ordeal/bot.h"
-#include "tools/ordeal/invariants.h"
 
 namespace bot {
 

@@ -1,4 +1,4 @@
-#include "tools/ordeal/invariants.h"
+#include "oficina/bot/invariants.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "tools/ordeal/bot.h"
+#include "oficina/bot/bot.h"
 
 #include <algorithm>
 
