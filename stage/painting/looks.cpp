@@ -219,7 +219,7 @@ Effect Chevrons(const Image& image, Moment after) {
   constexpr Moment kApart = milliseconds(130);
   constexpr Moment kCalm = milliseconds(1000) / 30;  // slow enough for so few pictures, which cost less
   static constexpr Picture kChevron{"chevron",
-                                    R"(<svg xmlns="http://www.w3.org/2000/svg" width="18" height="9">
+                                    R"(<svg>
 <path d="M2 7.2 9 2 16 7.2" fill="none" stroke="#ffffff" stroke-width="2"/></svg>)",
                                     {18, 9}};
   const auto look = [=, &image](Moment age, const Eye& eye) {

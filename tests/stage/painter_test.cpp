@@ -220,18 +220,21 @@ TEST(Painting, OfAFormThatIsNoRectangleShowsItsPartsAtEveryScale) {
   }
 }
 
-TEST(Painting, OfABoxHidesWhatLiesBelowIt) {
+TEST(Painting, OfABoxHidesWhatLiesBelowItAndOfAPictureIsNoLargerThanThat) {
   Bench bench;
   bench.platform.Look(true);
   const auto form = std::make_shared<NotingForm>(bench.theatre);
   const PictureRef block = bench.theatre.Pictures.Named("ImagePedra1");
   const Image below(*form, {0, 0, 3000, 3000}, block, true);
+  Image ball(*form, {6000, 3000, 0, 0}, bench.theatre.Pictures.Named("Imageball0"), false);
+  ball.Width = ball.Height = 900;
   PictureBox box(*form, {600, 600, 900, 900});
   const Image inside(box, {300, 300, 900, 300}, block, true);
   bench.theatre.Show(form, kModeless);
   bench.theatre.PaintNow();
   Sight sight(bench.theatre);
   sight.Show("ImagePedra1", {0, 0, 3000, 3000});
+  sight.Show("Imageball0", {6000, 3000, 225, 225});
   sight.Within({600, 600, 900, 900});
   sight.Fill({600, 600, 900, 900}, 0);
   sight.Show("ImagePedra1", {900, 900, 900, 300});

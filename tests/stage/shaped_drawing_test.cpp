@@ -69,6 +69,10 @@ TEST(ShapedDrawing, RepeatsPatternsWholePixelsApartFromTheMiddleOn) {
     return places;
   };
   EXPECT_EQ(copies({40, 20}), "0.00000 0.00000;10.00000 0.00000;20.00000 0.00000;30.00000 0.00000;");
+  EXPECT_NE(
+      Made(R"(<g data-every="10 20"></g>)", {40, 20})
+          .find(R"|(<g data-every="10 20" transform="translate(0.00000 0.00000) scale(1.00000)"></g>)|"),
+      std::string::npos);
   EXPECT_EQ(copies({30, 20}), "-5.00000 0.00000;5.00000 0.00000;15.00000 0.00000;25.00000 0.00000;");
   EXPECT_EQ(copies({20, 40}),
             "0.00000 -10.00000;10.00000 -10.00000;0.00000 10.00000;10.00000 10.00000;"
