@@ -76,6 +76,38 @@ TEST_F(OnCanvas, AGhostMakesNothingDarker) {
   }
 }
 
+TEST_F(OnCanvas, APictureBetweenPixelsGivesEachWhatLiesOnIt) {
+  const Picture picture{"four",
+                        R"(<svg viewBox="0 0 2 2"><rect width="1" height="1" fill="#f00020"/>
+<rect x="1" width="1" height="1" fill="#00e040"/><rect y="1" width="1" height="1" fill="#2040c0"/>
+<rect x="1" y="1" width="1" height="1" fill="#a08000"/></svg>)",
+                        {2, 2}};
+  const auto drawn = drawings.Of(picture, {2, 2});
+  const PixelPlace corner{10.25, 12.625};
+  const auto shared = [](int pixel, Double from) { return std::clamp(1 - std::abs(pixel - from), 0.0, 1.0); };
+  const std::vector<Pixel> before = pixels;
+  Canvas({{kSide, kSide}, pixels.data(), kSide}, view, drawings, {0, 0, kSide, kSide})
+      .DrawBetween({corner.x * kTwipsPerPixel, corner.y * kTwipsPerPixel}, picture, {2, 2});
+  for (int y = 0; y < kSide; ++y) {
+    for (int x = 0; x < kSide; ++x) {
+      const auto i = std::size_t(y * kSide + x);
+      for (const int shift : {16, 8, 0}) {
+        const auto part = [&](Pixel pixel) { return Double(pixel >> shift & 255U); };
+        Double expected = 0;
+        Double covered = 0;
+        for (int row = 0; row < 2; ++row) {
+          for (int column = 0; column < 2; ++column) {
+            const Double share = shared(x, corner.x + column) * shared(y, corner.y + row);
+            expected += share * part(drawn->At(column, row));
+            covered += share;
+          }
+        }
+        ASSERT_NEAR(part(pixels[i]), expected + (1 - covered) * part(before[i]), 3) << x << ' ' << y;
+      }
+    }
+  }
+}
+
 TEST_F(OnCanvas, DrawingsAreKeptUntilThereAreTooMany) {
   const Picture picture{"any", R"(<svg xmlns="http://www.w3.org/2000/svg" width="8" height="8"/>)", {8, 8}};
   EXPECT_EQ(drawings.Of(picture, {0, -5})->size, (PixelSize{1, 1}));

@@ -133,11 +133,14 @@ TEST_F(TextBoxes, AskForTextWhileTheyHoldTheFocus) {
   };
   bench.theatre.InputBox("any");
   EXPECT_EQ(wanted, (std::vector<bool>{true, false, false, true}));
+  const std::string message(80, 'm');
   bench.platform.Director = [&] {
     EXPECT_FALSE(bench.platform.WantsText());
+    const Double room = bench.theatre.ActiveForm()->Width - 2 * 240;
+    EXPECT_NEAR(room, Sight(bench.theatre).Width(message, {"LiberationSans-Regular", 9.75}), 30);
     bench.Press(key::kEsc);
   };
-  bench.theatre.MsgBox("any");
+  bench.theatre.MsgBox(message);
 }
 
 TEST_F(TextBoxes, ShowATextThatIsSetAndTypeOverAllOfIt) {
