@@ -92,8 +92,8 @@ void TextBox::MoveCaret(std::size_t place, bool select) {
 std::size_t TextBox::Left() const { return std::min(anchor_, caret_); }
 std::size_t TextBox::Right() const { return std::max(anchor_, caret_); }
 
-std::string TextBox::Part(std::size_t from, std::size_t to) const {
-  return Utf8(std::u32string_view(characters_).substr(from, to - from));
+std::string TextBox::Start(std::size_t length) const {
+  return Utf8(std::u32string_view(characters_).substr(0, length));
 }
 
 void TextBox::Paint(const Canvas& canvas) const {
@@ -101,7 +101,7 @@ void TextBox::Paint(const Canvas& canvas) const {
   const Canvas inside = canvas.Within(area);
   inside.Fill(area, 0);
   inside.Frame(area, kBorder);
-  const auto width = [&](std::size_t to) { return canvas.TextWidth(style_.font, Part(0, to)); };
+  const auto width = [&](std::size_t to) { return canvas.TextWidth(style_.font, Start(to)); };
   const Double room = area.width - 2 * kMargin - kTwipsPerPixel;
   const Double start = area.left + kMargin - std::max(0.0, width(caret_) - room);
   const Double height = canvas.TextHeight(style_.font);

@@ -32,7 +32,7 @@ class TextBox : public Control {
   void Delete(std::size_t from, std::size_t to);
   std::size_t Left() const;
   std::size_t Right() const;
-  std::string Part(std::size_t from, std::size_t to) const;
+  std::string Start(std::size_t length) const;
 
   Style style_;
   std::size_t most_;

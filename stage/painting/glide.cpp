@@ -17,9 +17,7 @@ TwipPoint OnTheWay(TwipPoint from, TwipPoint to, Double part) {
 }  // namespace
 
 Glide::Glide(Image& image, std::function<std::optional<Place>()> held)
-    : image_(image), held_(std::move(held)) {
-  Beat();
-  Beat();
+    : image_(image), held_(std::move(held)), before_(Corner()), from_(before_) {
   image_.GetContainer().Owner().OnStage().Glides().Add(*this);
 }
 

@@ -74,6 +74,11 @@ TEST_F(OnCanvas, AGhostMakesNothingDarker) {
                     });
                   });
   }
+  ExpectPainted(
+      [](const Canvas& canvas) {
+        canvas.Paint(Ghost{.place = {5, 5, 25, 25}, .within = {5, 5, 25, 25}, .drawn = {20, 20}});
+      },
+      [](int, int, Pixel before) { return before; });
 }
 
 TEST_F(OnCanvas, APictureBetweenPixelsGivesEachWhatLiesOnIt) {
@@ -108,6 +113,16 @@ TEST_F(OnCanvas, APictureBetweenPixelsGivesEachWhatLiesOnIt) {
   }
 }
 
+TEST_F(OnCanvas, APictureTooLargeToBeDrawnIsNotSeenBetweenPixels) {
+  const Picture picture{
+      "any", R"(<svg viewBox="0 0 1 1"><rect width="1" height="1" fill="#fff"/></svg>)", {1, 1}};
+  ExpectPainted(
+      [&](const Canvas& canvas) {
+        canvas.DrawBetween({7, 7}, picture, {3000, 3});
+      },
+      [](int, int, Pixel before) { return before; });
+}
+
 TEST_F(OnCanvas, DrawingsAreKeptUntilThereAreTooMany) {
   const Picture picture{"any", R"(<svg xmlns="http://www.w3.org/2000/svg" width="8" height="8"/>)", {8, 8}};
   EXPECT_EQ(drawings.Of(picture, {0, -5})->size, (PixelSize{1, 1}));
@@ -116,8 +131,10 @@ TEST_F(OnCanvas, DrawingsAreKeptUntilThereAreTooMany) {
   EXPECT_EQ(first.lock(), drawings.Of(picture, {100, 100}));
   for (const int height : {1400, 1500}) drawings.Of(picture, {2048, height});
   EXPECT_FALSE(first.expired());
-  drawings.Of(picture, {2048, 1600});
+  const std::weak_ptr<const Bitmap> last = drawings.Of(picture, {2048, 1600});
   EXPECT_TRUE(first.expired());
+  drawings.Of(picture, {9, 9});
+  EXPECT_FALSE(last.expired());
 
   const std::weak_ptr<const Coverage> words = drawings.Of(Font{}, 1, "first");
   for (int i = 0; i < 100; ++i) drawings.Of(Font{}, 1, std::to_string(i));

@@ -90,7 +90,7 @@ TEST(Effects, ThatTakeThePlaceOfWhatIsGoneDoNotWaitForARefresh) {
   for (const Look& look : kLooks) {
     const std::string_view name = look.name;
     const bool at_once = name == "burst" || name == "flash" || name == "appear";
-    if (!at_once && name != "glow" && name != "line") continue;  // they begin with nothing to be seen
+    if (name == "glint" || name == "shimmer" || name == "collapse") continue;  // they begin with nothing new
     Stand stand;
     stand.bench.platform.Pass(milliseconds(5));
     stand.Effects().Begin(*stand.block, look.make(stand));
@@ -174,6 +174,20 @@ TEST(Effects, ThatAreKeptAreSeenWhileTheirConditionHolds) {
     holds = false;
     EXPECT_FALSE(stand.Seen());
   }
+}
+
+TEST(Effects, ThatStayAsTheyAreAreNotPaintedAnew) {
+  Stand stand;
+  const Light light{{10, 10, 30, 20}, 0xFFFFFF, kWhole, {}};
+  stand.Effects().Keep(*stand.block, [] { return true; }, {Moment::max(), [light](auto&&...) {
+                                                             return Scene{kWhole, {light}};
+                                                           }});
+  EXPECT_TRUE(stand.Seen());
+  stand.bench.platform.TakePresented();
+  stand.paddle.Visible = false;
+  stand.bench.theatre.PaintNow();
+  for (const PixelRect& rect : stand.bench.platform.TakePresented())
+    EXPECT_TRUE(rect.Cut(light.place).Empty());
 }
 
 /// A display that has told of one refresh, long ago.

@@ -16,7 +16,7 @@ using std::chrono::milliseconds;
 
 constexpr Pixel kInside = 0x305070;
 constexpr Asset kFlat{"flat",
-                      R"(<svg xmlns="http://www.w3.org/2000/svg" width="32" height="16" viewBox="0 0 32 16">
+                      R"(<svg xmlns="http://www.w3.org/2000/svg" width="30" height="20" viewBox="0 0 32 16">
 <rect width="32" height="16" fill="#ff0000"/><rect x="6" y="3" width="20" height="10" fill="#305070"/></svg>)"};
 
 class Looks : public testing::TestWithParam<Double> {
@@ -136,16 +136,37 @@ TEST_P(Looks, APlateThatCollapsesGetsFlatAndNarrowInThePaddlesMiddle) {
   }
 }
 
+TEST_P(Looks, AGhostFadesWhileItMovesAway) {
+  const Effect ghostly = look::Ghostly(block, milliseconds(300), {600, -900});
+  const PixelRect place = PlaceOf(block);
+  Pixel part_before = kWhole;
+  for (int age = 0; age <= 300; age += 50) {
+    const auto ghost = Only<Ghost>(ghostly, milliseconds(age));
+    EXPECT_LT(ghost.part, part_before);
+    part_before = ghost.part;
+    const Double gone = 1 - std::pow(1 - age / 300.0, 2);
+    EXPECT_NEAR(ghost.place.left, place.left + 40 * gone * GetParam(), 1);
+    EXPECT_NEAR(ghost.place.top, place.top - 60 * gone * GetParam(), 1);
+    EXPECT_EQ(ghost.place, ghost.within);
+    EXPECT_EQ(ghost.drawn, (PixelSize{place.Width(), place.Height()}));
+  }
+  EXPECT_EQ(part_before, 0U);
+}
+
 TEST_P(Looks, ChevronsRiseOneAfterTheOtherAboveTheMiddleOfTheBall) {
   const Image ball(*form, {6000, 6000, 225, 225}, pictures.Named("flat"), true);
   const Effect chevrons = look::Chevrons(ball, milliseconds(500));
   const PixelRect place = PlaceOf(ball);
   std::set<int> heights;
+  int seen = 0;
+  std::vector<std::variant<Light, Ghost>> before;
   std::size_t most = 0;
   EXPECT_TRUE(At(chevrons, milliseconds(499)).marks.empty());
   for (int age = 510; age < 1500; age += 10) {
     const Scene scene = At(chevrons, milliseconds(age));
     most = std::max(most, scene.marks.size());
+    seen += scene.marks == before ? 0 : 1;
+    before = scene.marks;
     int above = place.top;
     for (const auto& mark : scene.marks) {
       const auto chevron = std::get<Ghost>(mark);
@@ -165,6 +186,7 @@ TEST_P(Looks, ChevronsRiseOneAfterTheOtherAboveTheMiddleOfTheBall) {
   }
   EXPECT_EQ(most, 3U);
   EXPECT_GT(heights.size(), 20U);
+  EXPECT_LE(seen, 30) << "in a second";
 }
 
 }  // namespace

@@ -77,6 +77,11 @@ TEST_F(Replacing, KeepsWhoMayReadAndLeavesWhatIsReadOnly) {
   stage::WriteWhole(file, "new");
   EXPECT_EQ(tests::ReadFile(victim), "new");
   EXPECT_EQ(std::filesystem::status(victim).permissions(), own);
+  std::filesystem::remove(victim);
+  stage::WriteWhole(file, "new");
+  EXPECT_EQ(std::filesystem::status(victim).permissions() &
+                (perms::owner_exec | perms::group_exec | perms::others_exec),
+            perms::none);
 }
 
 TEST_F(Replacing, FallsIntoNoTrap) {

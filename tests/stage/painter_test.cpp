@@ -93,6 +93,9 @@ TEST(Painting, ShowsOnlyWhatHasChanged) {
   bench.theatre.PaintNow();
   EXPECT_EQ(bench.platform.TakePresented(),
             (std::vector<PixelRect>{{200, 200, 215, 215}, {400, 200, 415, 215}}));
+  ball.Picture = bench.theatre.Pictures.Named("Imageball1");
+  bench.theatre.PaintNow();
+  EXPECT_EQ(bench.platform.TakePresented(), (std::vector<PixelRect>{{400, 200, 415, 215}}));
 }
 
 /// What is seen in some columns: how many characters, by the dark columns between them, and the lowest row.

@@ -82,12 +82,14 @@ TEST(Playback, WhatLeavesGoesOnLeavingUnderTheNextCut) {
 }
 
 TEST(Playback, LoudSoundsDoNotTurnOverWhereTheyMeet) {
-  const Samples low(1000, -30000);
-  stage::Playback playback;
-  playback.Start(low);
-  Heard(playback, 500);
-  playback.Start(low);
-  EXPECT_EQ(Heard(playback, 2), Samples(2, -32768));
+  for (const int sign : {-1, 1}) {
+    const Samples loud(1000, std::int16_t(sign * 30000));
+    stage::Playback playback;
+    playback.Start(loud);
+    Heard(playback, 500);
+    playback.Start(loud);
+    EXPECT_EQ(Heard(playback, 2), Samples(2, std::int16_t(sign < 0 ? -32768 : 32767)));
+  }
 }
 
 }  // namespace

@@ -33,7 +33,8 @@ TEST(TextFile, FieldsEndAtCommasAndLineEnds) {
                         {",,\r\n", {"", "", ""}},
                         {"\"\"\r\n\"x", {"", "x"}},
                         {"\"a\"b,c", {"a", "b", "c"}},
-                        {"a\"b\",c", {"a\"b\"", "c"}}};
+                        {"a\"b\",c", {"a\"b\"", "c"}},
+                        {"a;~b", {"a;~b"}}};
   for (const Case& test : cases) {
     stage::FieldReader reader(test.text);
     std::vector<std::string> fields;
