@@ -23,9 +23,9 @@ class Gliding : public testing::Test {
     bench.Beats(2);
   }
   /// Left edge of what is painted white, in pixels; a column counts as far as it is white.
-  Double SeenLeft() {
+  Double SeenLeft(std::size_t line = kRow) {
     const std::vector<Pixel> pixels = bench.Pixels();
-    const Pixel* const row = &pixels[kRow * 800];
+    const Pixel* const row = &pixels[line * 800];
     int x = 0;
     while (row[x] == 0) ++x;
     return x + 1 - (row[x] & 255U) / 255.0;
@@ -36,6 +36,7 @@ class Gliding : public testing::Test {
   }
 
   static constexpr std::size_t kRow = 107;
+  static constexpr int kHeldTop = 2250;
   static constexpr Asset kWhite{"white", R"(<svg xmlns="http://www.w3.org/2000/svg" width="15" height="15">
 <rect width="15" height="15" fill="#ffffff"/></svg>)"};
   Bench bench;
@@ -45,7 +46,7 @@ class Gliding : public testing::Test {
   Image paddle{*form, {6000, 8000, 900, 225}, nullptr, true};
   bool held = false;
   Glide glide{ball, [this] {
-                return held ? std::optional(Place{paddle.Left.Get(), Single(1500)}) : std::nullopt;
+                return held ? std::optional(Place{paddle.Left.Get(), Single(kHeldTop)}) : std::nullopt;
               }};
   Single step = 0;
   Single next_step = 0;
@@ -161,7 +162,7 @@ TEST_F(Gliding, ShowsAHeldImageWhereItsHolderIsNow) {
   step = next_step = 150;
   for (const int left : {6000, 6600, 300}) {
     paddle.Left = Single(left);
-    EXPECT_EQ(SeenLeft(), left / 15);
+    EXPECT_EQ(SeenLeft(kHeldTop / 15), left / 15);
     EXPECT_EQ(bench.theatre.Glides().NextRefresh(), Moment::max());
   }
 }

@@ -127,7 +127,7 @@ TEST_P(Looks, APlateThatCollapsesGetsFlatAndNarrowInThePaddlesMiddle) {
     const auto half = Only<Ghost>(collapse, milliseconds(85));  // half of the way, as it goes ever faster
     const PixelPlace middle = view.ToPlace({(each.goal + 3240) / 2, (3240 + 3750) / 2.0});
     EXPECT_NEAR((half.place.left + half.place.right) / 2.0, middle.x, 1);
-    EXPECT_NEAR(half.place.bottom, middle.y, 2 * GetParam());
+    EXPECT_NEAR(half.place.bottom, middle.y, 1);
     EXPECT_NEAR(half.place.Width(), Length(32 * 0.8), 1);
     EXPECT_NEAR(half.place.Height(), Length(8), 1);
     const auto end = Only<Ghost>(collapse, milliseconds(120));
