@@ -151,18 +151,35 @@ TEST_P(Looks, AGhostFadesWhileItMovesAway) {
     EXPECT_EQ(ghost.drawn, (PixelSize{place.Width(), place.Height()}));
   }
   EXPECT_EQ(part_before, 0U);
+  Image loose(*form, {6000, 3000, 0, 0}, block.Picture, false);
+  loose.Width = loose.Height = 900;
+  const PixelSize natural{Length(30), Length(20)};
+  EXPECT_EQ(Only<Ghost>(look::Ghostly(loose, milliseconds(300)), Moment{}).drawn, natural);
+}
+
+TEST_P(Looks, NoLightHidesAllOfWhatItFallsOn) {
+  for (const Effect& effect :
+       {look::Glint(block), look::Shimmer(block), look::Flash(block, 0xFFFFFF, milliseconds(99)),
+        look::Line({0, 0, 900, 30}, 0xFFFFFF)}) {
+    for (const auto& mark : At(effect, Moment{}).marks) {
+      EXPECT_GT(std::get<Light>(mark).part, kWhole / 2);
+      EXPECT_LT(std::get<Light>(mark).part, kWhole);
+    }
+  }
 }
 
 TEST_P(Looks, ChevronsRiseOneAfterTheOtherAboveTheMiddleOfTheBall) {
   const Image ball(*form, {6000, 6000, 225, 225}, pictures.Named("flat"), true);
-  const Effect chevrons = look::Chevrons(ball, milliseconds(500));
+  const Effect chevrons = look::Chevrons(ball, milliseconds(300));
   const PixelRect place = PlaceOf(ball);
   std::set<int> heights;
   int seen = 0;
   std::vector<std::variant<Light, Ghost>> before;
   std::size_t most = 0;
-  EXPECT_TRUE(At(chevrons, milliseconds(499)).marks.empty());
-  for (int age = 510; age < 1500; age += 10) {
+  EXPECT_TRUE(At(chevrons, milliseconds(299)).marks.empty());
+  EXPECT_GT(Only<Ghost>(chevrons, milliseconds(400)).place.top, place.top - Length(20))
+      << "the lowest comes first";
+  for (int age = 310; age < 1300; age += 10) {
     const Scene scene = At(chevrons, milliseconds(age));
     most = std::max(most, scene.marks.size());
     seen += scene.marks == before ? 0 : 1;

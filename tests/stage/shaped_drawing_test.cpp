@@ -77,6 +77,7 @@ TEST(ShapedDrawing, RepeatsPatternsWholePixelsApartFromTheMiddleOn) {
       Made(R"(<g data-every="10 20"></g>)", {40, 20})
           .find(R"|(<g data-every="10 20" transform="translate(0.00000 0.00000) scale(1.00000)"></g>)|"),
       std::string::npos);
+  EXPECT_EQ(copies({80, 40}), "0.00000 0.00000;20.00000 0.00000;40.00000 0.00000;60.00000 0.00000;");
   EXPECT_EQ(copies({30, 20}), "-5.00000 0.00000;5.00000 0.00000;15.00000 0.00000;25.00000 0.00000;");
   EXPECT_EQ(copies({20, 40}),
             "0.00000 -10.00000;10.00000 -10.00000;0.00000 10.00000;10.00000 10.00000;"
@@ -112,6 +113,11 @@ TEST(ShapedDrawing, IsBoundedWhateverItsTextSays) {
           std::string(R"(<g data-every=""></g>)")}) {
       EXPECT_LT(Made(body, size, R"(data-shape="any" data-body="9 9 1 1")").size(), 100'000U) << body;
     }
+  }
+  const std::string whole = R"(<path d="M1 1H39"/>)";
+  for (const PixelSize natural : {PixelSize{0, 7}, {7, 0}}) {
+    const std::string svg = R"(<svg data-shape="any">)" + whole + "</svg>";
+    EXPECT_EQ(Body(DrawingFor({"no size", svg, natural}, {10, 10})), whole);
   }
   EXPECT_EQ(DrawingFor({"no drawing", "words", {0, 0}}, {10, 10}), "words");
 }
