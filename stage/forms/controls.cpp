@@ -22,7 +22,6 @@ void Container::Remove(const Control& control) {
 void Container::PlaceAbove(Control& control, const Control& below) {
   Remove(control);
   layers_.insert(std::next(std::find(layers_.begin(), layers_.end(), &below)), &control);
-  control.Changing();
 }
 
 void Container::BringToFront(Control& control) {

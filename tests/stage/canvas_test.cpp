@@ -64,15 +64,19 @@ TEST_F(OnCanvas, AGhostMakesNothingDarker) {
                         R"(<svg xmlns="http://www.w3.org/2000/svg" width="20" height="20" viewBox="0 0 20 20">
 <rect width="10" height="20" fill="#a06020"/></svg>)",
                         {20, 20}};
-  for (const Pixel part : {kWhole, Pixel{90}}) {
-    Ghost ghost{{5, 5, 25, 25}, {5, 5, 25, 20}, &picture, {20, 20}, part, {}};
-    ExpectPainted([&](const Canvas& canvas) { canvas.Paint(ghost); },
-                  [&](int x, int y, Pixel before) {
-                    if (x < 5 || x >= 15 || y < 5 || y >= 20) return before;
-                    return Each(before, 0xA06020, [&](unsigned under, unsigned over) {
-                      return std::max(under, (under * (256U - part) + over * part) / 256U);
+  const std::optional<Pixel> kDrawnColours;
+  for (const auto& [part, colour] : {std::pair(kWhole, kDrawnColours), {90, kDrawnColours}, {90, 0x10F0E0}}) {
+    for (const int width : {20, 30}) {
+      const Ghost ghost{{5, 5, 5 + width, 25}, {9, 5, 35, 20}, &picture, {20, 20}, part, colour};
+      ExpectPainted([&](const Canvas& canvas) { canvas.Paint(ghost); },
+                    [&](int x, int y, Pixel before) {
+                      if (x < 9 || x >= 5 + width / 2 || y < 5 || y >= 20) return before;
+                      return Each(before, colour.value_or(0xA06020), [&](unsigned under, unsigned over) {
+                        const unsigned mixed = (under * (256U - part) + over * part) / 256U;
+                        return colour ? mixed : std::max(under, mixed);
+                      });
                     });
-                  });
+    }
   }
   ExpectPainted(
       [](const Canvas& canvas) {
@@ -111,6 +115,20 @@ TEST_F(OnCanvas, APictureBetweenPixelsGivesEachWhatLiesOnIt) {
       }
     }
   }
+}
+
+TEST_F(OnCanvas, APictureThatFadesDarkensWhereItIsBlack) {
+  const Picture picture{
+      "two", R"(<svg viewBox="0 0 20 20"><rect width="10" height="20" fill="#a06020"/></svg>)", {20, 20}};
+  ExpectPainted(
+      [&](const Canvas& canvas) {
+        canvas.Draw({75, 75, 300, 300}, picture, {20, 20}, 100);
+      },
+      [&](int x, int y, Pixel before) {
+        if (x < 5 || x >= 25 || y < 5 || y >= 25) return before;
+        return Each(before, x < 15 ? 0xA06020 : 0,
+                    [](unsigned under, unsigned over) { return (under * 156U + over * 100U) / 256U; });
+      });
 }
 
 TEST_F(OnCanvas, APictureTooLargeToBeDrawnIsNotSeenBetweenPixels) {

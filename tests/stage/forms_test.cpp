@@ -102,6 +102,10 @@ TEST_F(Forms, ThePointerFindsTheTopmostVisibleControl) {
   bench.ClickAt(750, 150);
   bench.ClickAt(1300, 150);  // picture boxes stay above
   EXPECT_EQ(hits, "2bi31b");
+  array(3).ZOrder(0);
+  array.Unload(3);
+  bench.ClickAt(150, 150);
+  EXPECT_EQ(hits, "2bi31b1");
   EXPECT_EQ(form->Notes(), "");
   bench.ClickAt(6000, 4500);
   EXPECT_EQ(form->Notes(), "move click ");
