@@ -200,8 +200,9 @@ TEST(Painting, OfAFormThatIsNoRectangleShowsItsPartsAtEveryScale) {
     form->Height = 150;
     // In the grid of the picture: without a corner, a hole and the end of a row.
     const std::vector<stage::Run> left_out{{0, 0, 3}, {1, 0, 1}, {4, 7, 12}, {9, 13, 20}};
-    form->SetWindowRgn(std::make_shared<WindowRegion>(PixelSize{20, 10}, left_out));
     bench.theatre.Show(form, kModeless);
+    bench.theatre.PaintNow();
+    form->SetWindowRgn(std::make_shared<WindowRegion>(PixelSize{20, 10}, left_out));
     for (const int at : {0, 1500}) {
       form->Left = Single(at);
       form->Top = Single(at);

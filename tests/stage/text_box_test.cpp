@@ -86,6 +86,8 @@ TEST_F(TextBoxes, ShowWhatIsSelectedAndWhereTheyAreWritten) {
                         {longest, {key::kHome}, 0, 60, 0}};
   const TwipRect area{1500, 3000, 4500, 600};
   const Style style{{"MS Sans Serif", 12, true}, Rgb(255, 255, 255)};
+  const Image below(*form, {area.left, area.top, area.width, area.height},
+                    bench.theatre.Pictures.Named("ImagePedra1"), true);
   TextBox seen(*form, {area.left, area.top, area.width, area.height}, style, "", 60);
   bench.platform.Look(true);
   box.Visible = false;
