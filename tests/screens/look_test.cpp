@@ -156,7 +156,8 @@ Sight FieldOf(Mesa& mesa, stage::TwipPoint ball) {
   Sight sight(mesa.Palco());
   sight.Show("ImagePedra5", jogo.Box(1).Area());
   sight.Show("Imageball0", {ball.x, ball.y, 225, 225});
-  sight.Show("Imageball0", jogo.Imageball(0).Area());
+  const TwipRect icone = jogo.Imageball(0).Area();
+  sight.Show("Imageball0", {icone.left, icone.top, 225, 225});
   sight.Show("statusbar", jogo.statusbar.Area());
   sight.Write("0", {"LiberationSans-Bold", 18, 0xFFC0FF, stage::Align::kRight}, jogo.LabelPontos.Area());
   sight.Show("barra", jogo.life(1).Area());
