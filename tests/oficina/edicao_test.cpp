@@ -54,6 +54,7 @@ TEST(Edicao, PaintsARowWhereThereIsRoom) {
       {{300, 300}, {789, 559}, {Tijolo(300, 300)}},
       {{300, 300}, {1290, 820}, {Tijolo(300, 300), Tijolo(790, 300), Tijolo(1280, 300)}},
       {{600, 300}, {599, 300}, {Tijolo(600, 300), Tijolo(110, 300)}},
+      {{1600, 300}, {1110, 300}, {Tijolo(1600, 300), Tijolo(1110, 300)}},
       {{600, 900}, {200, 379}, {Tijolo(600, 900), Tijolo(600, 640), Tijolo(600, 380), Tijolo(600, 120)}},
       // Over what stands there, and out of the field.
       {{2600, 1000}, {4000, 1000}, {Tijolo(3580, 1000)}},
