@@ -50,7 +50,7 @@ const Case kCases[] = {{kBlock, "ok: 1 blocks, 0 hard, 0 unseen"},
                        {"Pisca,5,800,0,0\n", "record 1, field 1: "},
                        // What the reader lets pass and a level must not hold.
                        {"pisca,5,65536,0,0\n" + kBlock, "record 1, field 3: the interval is above 65535"},
-                       {"pisca,23,800,0,0\n" + kBlock, "record 1, field 2: no such type of block"},
+                                          {"pisca,23,800,0,0\n" + kBlock, "record 1, field 2: no such type of block"},
                        {"pisca,0,800,9,0\n" + kBlock, "record 1, field 4: no such bonus"},
                        {kBlock + "600,5000,250,480,0\n", "record 2, field 5: no such type of block"},
                        {kBlock + "600,5000,250,480,23\n", "record 2, field 5: no such type of block"},

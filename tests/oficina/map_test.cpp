@@ -23,27 +23,42 @@ TEST(Map, LaysTheLowestBlockLastAndTheRuleFirst) {
 }
 
 TEST(Map, TellsTheLineThatIsWrong) {
+  const std::string kAtEdges = "name: Test\ncolumns: 3\ncell: 490 260\norigin: ";
   const std::pair<std::string, const char*> cases[] = {
-      {"", "line 1: "},
+      {"", "line 1: the line 'map:' is missing"},
       {"name: x\n", "line 1: the line 'map:' is missing"},
       {"map:\na\n", "line 1: the level has no name"},
+      {"name: \n" + kHead, "line 1: the name must have 1 to 60 bytes"},
+      {"name: " + std::string(61, 'a') + "\nmap:\na\n", "line 1: the name must have 1 to 60 bytes"},
       {"name: x\nname: y\n" + kHead, "line 2: 'name' was given before"},
-      {"colour: red\n" + kHead, "line 1: unknown header"},
+      {"colour: red\n" + kHead, "line 1: unknown header 'colour'"},
+      {"barred 9\n" + kHead, "line 1: a header line reads 'key: value'"},
       {"barred: 9\n" + kHead, "line 1: there is no bonus 9"},
+      {"blink: ab 800\n" + kHead, "line 1: one character tells which blocks blink"},
+      {"cell: 490\n" + kHead, "line 1: two values are needed here, a blank between them"},
       {"cell: 100 260\n" + kHead, "line 1: '100' is not a whole number from 120 to 3000"},
       {kHead + "..\nz\n", "line 4: no block is drawn as 'z'"},
+      {kHead + "a~\n", "line 3: no block is drawn as '~'"},
       {kHead + ".-\n", "line 3: '-' has no block on its left"},
       {kHead + "a\n.|\n", "line 4: '|' has no block of its own width above"},
-      {kHead + "##\n", "line 3: the level needs a block"},
-      {kHead + std::string(24, 'a') + "\n", "line 3: the row is wider than 23 columns"}};
+      {kHead + "##\n", "line 3: the level needs a block that a plain ball can remove"},
+      {kHead + std::string(24, 'a') + "\n", "line 3: the row is wider than 23 columns"},
+      {kAtEdges + "254 760\nmap:\na\n", "line 6: a block leaves the field"},
+      {kAtEdges + "10276 760\nmap:\n..a\n", "line 6: a block leaves the field"},
+      {kAtEdges + "370 494\nmap:\na\n", "line 6: a block leaves the field"},
+      {kAtEdges + "370 6046\nmap:\na\n", "line 6: a block leaves the field"}};
   for (const auto& [map, why] : cases) {
     try {
       desenho::SavFromMap(map);
       ADD_FAILURE() << map;
     } catch (const desenho::MapError& error) {
-      EXPECT_TRUE(std::string(error.what()).starts_with(why)) << error.what() << " for " << map;
+      EXPECT_STREQ(error.what(), why) << map;
     }
   }
+  EXPECT_EQ(desenho::LeMapa(kAtEdges + "255 6045\nmap:\na" + std::string(40, '.')).desenho.blocos,
+            std::vector{Tijolo(260, 6050)});
+  EXPECT_EQ(desenho::LeMapa(kAtEdges + "10275 495\nbarred: 8\nmap:\n..a . \n").desenho.blocos,
+            std::vector{Tijolo(11260, 500)});
 }
 
 TEST(Map, IsDrawnInBricksWhereItCanBe) {
