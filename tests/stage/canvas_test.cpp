@@ -28,7 +28,7 @@ class OnCanvas : public testing::Test {
     paint(Canvas({{kSide, kSide}, pixels.data(), kSide}, view, drawings, clip));
     for (int y = 0; y < kSide; ++y) {
       for (int x = 0; x < kSide; ++x) {
-        const auto i = std::size_t(y * kSide + x);
+        const auto i = std::size_t(y) * kSide + std::size_t(x);
         const bool open = PixelRect{x, y, x + 1, y + 1}.Cut(clip) == PixelRect{x, y, x + 1, y + 1};
         ASSERT_EQ(pixels[i], open ? expected(x, y, before[i]) : before[i]) << x << ' ' << y;
       }
@@ -64,16 +64,19 @@ TEST_F(OnCanvas, AGhostMakesNothingDarker) {
                         R"(<svg xmlns="http://www.w3.org/2000/svg" width="20" height="20" viewBox="0 0 20 20">
 <rect width="10" height="20" fill="#a06020"/></svg>)",
                         {20, 20}};
-  const std::optional<Pixel> kDrawnColours;
-  for (const auto& [part, colour] : {std::pair(kWhole, kDrawnColours), {90, kDrawnColours}, {90, 0x10F0E0}}) {
+  struct Case {
+    Pixel part;
+    std::optional<Pixel> colour;
+  };
+  for (const Case& each : {Case{kWhole, {}}, {90, {}}, {90, 0x10F0E0}}) {
     for (const int width : {20, 30}) {
-      const Ghost ghost{{5, 5, 5 + width, 25}, {9, 5, 35, 20}, &picture, {20, 20}, part, colour};
+      const Ghost ghost{{5, 5, 5 + width, 25}, {9, 5, 35, 20}, &picture, {20, 20}, each.part, each.colour};
       ExpectPainted([&](const Canvas& canvas) { canvas.Paint(ghost); },
                     [&](int x, int y, Pixel before) {
                       if (x < 9 || x >= 5 + width / 2 || y < 5 || y >= 20) return before;
-                      return Each(before, colour.value_or(0xA06020), [&](unsigned under, unsigned over) {
-                        const unsigned mixed = (under * (256U - part) + over * part) / 256U;
-                        return colour ? mixed : std::max(under, mixed);
+                      return Each(before, each.colour.value_or(0xA06020), [&](unsigned under, unsigned over) {
+                        const unsigned mixed = (under * (256U - each.part) + over * each.part) / 256U;
+                        return each.colour ? mixed : std::max(under, mixed);
                       });
                     });
     }
@@ -99,7 +102,7 @@ TEST_F(OnCanvas, APictureBetweenPixelsGivesEachWhatLiesOnIt) {
       .DrawBetween({corner.x * kTwipsPerPixel, corner.y * kTwipsPerPixel}, picture, {2, 2});
   for (int y = 0; y < kSide; ++y) {
     for (int x = 0; x < kSide; ++x) {
-      const auto i = std::size_t(y * kSide + x);
+      const auto i = std::size_t(y) * kSide + std::size_t(x);
       for (const int shift : {16, 8, 0}) {
         const auto part = [&](Pixel pixel) { return Double(pixel >> shift & 255U); };
         Double expected = 0;

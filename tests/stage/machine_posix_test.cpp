@@ -145,9 +145,10 @@ TEST(Machine, KnowsTheTimeOfTheDay) {
   const auto day = [] {
     const auto now = std::chrono::system_clock::now().time_since_epoch();
     const std::time_t whole = std::chrono::duration_cast<std::chrono::seconds>(now).count();
-    const std::tm* const local = std::localtime(&whole);
+    std::tm local{};
+    localtime_r(&whole, &local);
     const std::chrono::duration<double> part = now - std::chrono::seconds(whole);
-    return (local->tm_hour * 60 + local->tm_min) * 60 + local->tm_sec + part.count();
+    return (local.tm_hour * 60 + local.tm_min) * 60 + local.tm_sec + part.count();
   };
   double before = 1;
   double told = 0;

@@ -31,7 +31,7 @@ TEST(Playback, PlaysOnceAndFallsSilent) {
 TEST(Playback, ACutLeavesWithinFiveMillisecondsWithoutAStep) {
   const Samples loud(1000, 20000);
   const Samples quiet(1000, 100);
-  for (const std::size_t heard : {1, 500}) {
+  for (const std::size_t heard : {1U, 500U}) {
     stage::Playback playback;
     playback.Start(loud);
     Heard(playback, heard);
