@@ -50,7 +50,7 @@ const Case kCases[] = {{kBlock, "ok: 1 blocks, 0 hard, 0 unseen"},
                        {"Pisca,5,800,0,0\n", "record 1, field 1: "},
                        // What the reader lets pass and a level must not hold.
                        {"pisca,5,65536,0,0\n" + kBlock, "record 1, field 3: the interval is above 65535"},
-                                          {"pisca,23,800,0,0\n" + kBlock, "record 1, field 2: no such type of block"},
+                       {"pisca,23,800,0,0\n" + kBlock, "record 1, field 2: no such type of block"},
                        {"pisca,0,800,9,0\n" + kBlock, "record 1, field 4: no such bonus"},
                        {kBlock + "600,5000,250,480,0\n", "record 2, field 5: no such type of block"},
                        {kBlock + "600,5000,250,480,23\n", "record 2, field 5: no such type of block"},
@@ -186,7 +186,12 @@ TEST(Check, FindsWhatAPlainSearchFinds) {
       const bool upright = draws() % 2 == 0;
       const int width = hard && !upright ? any(3000, 11500, 250) : 250;
       const int height = hard && upright ? any(2500, 7000, 250) : 250;
-      blocks.push_back({any(0, 7503 - height, 50), any(0, 12001 - width, 50), height, width, hard ? 20 : 5});
+      // Now and then as far from another as the ball is large, or one more or less.
+      const auto odd = [&](int ball) { return int(draws() % 2) * ball + int(draws() % 3) - 1; };
+      const int top = std::max(0, any(0, 7252 - height, 50) + odd(desenho::Ball::kHeight));
+      const int left = std::max(0, any(0, 11758 - width, 50) + odd(desenho::Ball::kWidth));
+      blocks.push_back(
+          {std::min(top, 7502 - height), std::min(left, 12000 - width), height, width, hard ? 20 : 5});
     }
     const auto out = desenho::OutOfReach(blocks);
     ASSERT_EQ(out, PlainlyOutOfReach(blocks)) << round;

@@ -57,7 +57,7 @@ TEST(Map, TellsTheLineThatIsWrong) {
   }
   EXPECT_EQ(desenho::LeMapa(kAtEdges + "255 6045\nmap:\na" + std::string(40, '.')).desenho.blocos,
             std::vector{Tijolo(260, 6050)});
-  EXPECT_EQ(desenho::LeMapa(kAtEdges + "10275 495\nbarred: 8\nmap:\n..a . \n").desenho.blocos,
+  EXPECT_EQ(desenho::LeMapa(kAtEdges + "10275 495\n barred :  8 \nmap:\n..a . \n").desenho.blocos,
             std::vector{Tijolo(11260, 500)});
 }
 
