@@ -200,6 +200,26 @@ TEST(Check, FindsWhatAPlainSearchFinds) {
   EXPECT_GT(found, 50U);
 }
 
+TEST(Check, TakesWhatLiesOneBehindAWallForOutOfReach) {
+  using Blocks = std::vector<desenho::Block>;
+  // Two walls with a slot between them that the ball does not fit into, and a third that closes it behind.
+  const Blocks lying{{1000, 0, 600, 5000, 20}, {1000, 5200, 600, 6500, 20}};
+  const Blocks standing{{0, 5000, 3000, 600, 20}, {3200, 5000, 4302, 600, 20}};
+  for (const int behind : {0, 1}) {
+    const std::pair<Blocks, Blocks> slots[] = {
+        {lying, {{1250, 5000, 350, 200, 20}, {1000 + behind, 5000, 100, 200, 5}}},
+        {lying, {{1000, 5000, 350, 200, 20}, {1500 - behind, 5000, 100, 200, 5}}},
+        {standing, {{3000, 5250, 200, 350, 20}, {3000, 5000 + behind, 200, 100, 5}}},
+        {standing, {{3000, 5000, 200, 350, 20}, {3000, 5500 - behind, 200, 100, 5}}}};
+    for (const auto& [walls, slot] : slots) {
+      Blocks blocks = walls;
+      blocks.insert(blocks.end(), slot.begin(), slot.end());
+      EXPECT_EQ(desenho::OutOfReach(blocks).size(), std::size_t(behind))
+          << slot[1].top << ' ' << slot[1].left;
+    }
+  }
+}
+
 TEST(Check, CountsTheHardBlocksThatStandAlone) {
   const std::string hard = "600,3000,250,480,20\n";
   const auto alone = [&](const std::string& text) {
