@@ -40,6 +40,8 @@ TEST(Endereco, ThatWasSentStaysGood) {
   const Desenho desenho{{4, 1200, 7},
                         {tests::Tijolo(370, 765), tests::Tijolo(860, 765), {500, 600, 70, 80, 20}}};
   EXPECT_EQ(EnderecoDe(desenho), "1ICWDgGCB9AeAL9AuXg1xQBGAKAPoCWAgMrs");
+  const Desenho fila{{}, {tests::Tijolo(370, 765), tests::Tijolo(860, 765), tests::Tijolo(1350, 765)}};
+  EXPECT_EQ(EnderecoDe(fila), "1AA-gAGCB9AeAL9AuXg1z4f-Iq");
 }
 
 TEST(Endereco, IsNoneOfADrawingThatIsNotValid) {
