@@ -67,6 +67,8 @@ TEST(Map, IsDrawnInBricksWhereItCanBe) {
                       "Test"),
       "name: Test\nbarred: 7\nblink: d 1200\ncell: 490 260\ngap: 10\ncolumns: 23\norigin: 365 760\nmap:\n"
       "d-\n|-.a\n>a\n");
+  EXPECT_EQ(desenho::MapaDe({{}, {Tijolo(860, 765), Tijolo(370, 1025)}}, "Test"),
+            "name: Test\ncell: 490 260\ngap: 10\ncolumns: 23\norigin: 365 760\nmap:\n.a\na\n");
 }
 
 TEST(Map, OfEachLevelMakesItAgain) {
