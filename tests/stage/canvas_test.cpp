@@ -65,7 +65,7 @@ TEST_F(OnCanvas, AGhostMakesNothingDarker) {
 <rect width="10" height="20" fill="#a06020"/></svg>)",
                         {20, 20}};
   struct Case {
-    Pixel part;
+    Pixel part = kWhole;
     std::optional<Pixel> colour;
   };
   for (const Case& each : {Case{kWhole, {}}, {90, {}}, {90, 0x10F0E0}}) {
