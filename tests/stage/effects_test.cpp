@@ -177,7 +177,8 @@ TEST(Effects, ThatAreKeptAreSeenWhileTheirConditionHolds) {
       modal->Unload();
     }
     EXPECT_EQ(stand.bench.Pixels(), dimmed);  // and the chevrons wait anew
-    holds = false;
+    // cppcheck-suppress redundantAssignment
+    holds = false;  // which the effects look at
     EXPECT_FALSE(stand.Seen());
   }
 }
