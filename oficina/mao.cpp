@@ -1,5 +1,6 @@
 // The hand: what presses, moves and releases of the buttons do to the drawing.
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <cstdlib>
 #include <utility>
@@ -9,7 +10,7 @@
 namespace oficina {
 namespace {
 
-constexpr int kBatida = 15;  // ms, a beat of the stage
+constexpr auto kBatida = std::chrono::duration_cast<std::chrono::milliseconds>(stage::kBeat).count();
 
 }  // namespace
 

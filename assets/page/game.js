@@ -28,6 +28,7 @@ const Own = {
   },
 
   part: 'game',  // of the site
+  fingersDraw: false,
   words: [],     // of the command line
   // Codes of keys that are the program's and not the browser's: F1; A and P with Ctrl.
   keys: [112],

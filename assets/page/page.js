@@ -213,7 +213,7 @@ var Module = {
   arguments: Own.words,
   keys: Own.keys,
   keysWithCtrl: Own.keysWithCtrl,
-  fingersDraw: Own.part === 'workshop',
+  fingersDraw: Own.fingersDraw,
   // Not before: files go into the program's memory, which must be there.
   preRun: [() => {
     addRunDependency('page');

@@ -40,6 +40,7 @@ const Own = {
   },
 
   part: 'workshop',
+  fingersDraw: true,  // and do not only steer
   words: [],
   // F1 and F5; A, C, D, E, L, M, O, S, X, Y and Z with Ctrl.
   keys: [112, 116],

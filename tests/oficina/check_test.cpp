@@ -118,60 +118,65 @@ TEST(Check, FindsAllThatTheBallCannotReach) {
   EXPECT_EQ(desenho::OutOfReach(walled.desenho.blocos), (std::vector<std::size_t>{3, 5}));
 }
 
-/// The same, found in the plainest way: by looking at every cell over and over until nothing changes.
-std::vector<std::size_t> PlainlyOutOfReach(const std::vector<desenho::Block>& blocks) {
-  using desenho::Ball;
-  struct Rect {
-    int left, top, right, bottom;
-  };
-  std::vector<Rect> shadows;
-  std::set<int> xs{Ball::kWidth, desenho::Field::kRight - Ball::kWidth};
-  std::set<int> ys{Ball::kHeight, desenho::Field::kPaddle};
+struct Rect {
+  int left, top, right, bottom;
+  bool Touches(const Rect& other) const {
+    return left <= other.right && other.left <= right && top <= other.bottom && other.top <= bottom;
+  }
+  bool Overlaps(const Rect& other) const {
+    return left < other.right && other.left < right && top < other.bottom && other.top < bottom;
+  }
+};
+
+/// Where the ball overlaps a block, as a rectangle of its own top left corner.
+Rect Shadow(const desenho::Block& block) {
+  return {block.left - desenho::Ball::kWidth, block.top - desenho::Ball::kHeight, block.Right(),
+          block.Bottom()};
+}
+
+/// The places of the ball, in parts in which nothing changes: those that no hard block keeps it from.
+std::vector<Rect> OpenCells(const std::vector<desenho::Block>& blocks, const Rect& all) {
+  std::set<int> xs{all.left, all.right};
+  std::set<int> ys{all.top, all.bottom};
   for (const auto& block : blocks) {
-    shadows.push_back({block.left - Ball::kWidth, block.top - Ball::kHeight, block.Right(), block.Bottom()});
-    xs.insert({std::clamp(shadows.back().left, *xs.begin(), *xs.rbegin()),
-               std::clamp(shadows.back().right, *xs.begin(), *xs.rbegin())});
-    ys.insert({std::clamp(shadows.back().top, *ys.begin(), *ys.rbegin()),
-               std::clamp(shadows.back().bottom, *ys.begin(), *ys.rbegin())});
+    const Rect shadow = Shadow(block);
+    for (const int x : {shadow.left, shadow.right}) xs.insert(std::clamp(x, all.left, all.right));
+    for (const int y : {shadow.top, shadow.bottom}) ys.insert(std::clamp(y, all.top, all.bottom));
   }
   std::vector<Rect> cells;
-  std::vector<bool> reached;
   for (auto y = ys.begin(); std::next(y) != ys.end(); ++y) {
-    for (auto x = xs.begin(); std::next(x) != xs.end(); ++x) {
-      const Rect cell{*x, *y, *std::next(x), *std::next(y)};
-      bool open = true;
-      for (std::size_t i = 0; i < blocks.size(); ++i) {
-        const Rect& hard = shadows[i];
-        open = open && (blocks[i].type != desenho::kHard || cell.left >= hard.right ||
-                        cell.right <= hard.left || cell.top >= hard.bottom || cell.bottom <= hard.top);
-      }
-      if (open) {
-        cells.push_back(cell);
-        reached.push_back(cell.bottom == *ys.rbegin());
-      }
-    }
+    for (auto x = xs.begin(); std::next(x) != xs.end(); ++x)
+      cells.push_back({*x, *y, *std::next(x), *std::next(y)});
   }
-  for (bool again = true; again;) {
-    again = false;
-    for (std::size_t i = 0; i < cells.size(); ++i) {
-      for (std::size_t j = 0; j < cells.size() && !reached[i]; ++j) {
-        const bool beside = cells[i].top == cells[j].top &&
-                            (cells[i].left == cells[j].right || cells[i].right == cells[j].left);
-        const bool above = cells[i].left == cells[j].left &&
-                           (cells[i].top == cells[j].bottom || cells[i].bottom == cells[j].top);
-        if (reached[j] && (beside || above)) reached[i] = again = true;
-      }
-    }
+  std::erase_if(cells, [&](const Rect& cell) {
+    return std::ranges::any_of(blocks, [&](const auto& block) {
+      return block.type == desenho::kHard && cell.Overlaps(Shadow(block));
+    });
+  });
+  return cells;
+}
+
+/// What the ball cannot reach, found in the plainest way: it goes on from cell to cell until nothing changes.
+std::vector<std::size_t> PlainlyOutOfReach(const std::vector<desenho::Block>& blocks) {
+  using desenho::Ball;
+  const Rect all{Ball::kWidth, Ball::kHeight, desenho::Field::kRight - Ball::kWidth, desenho::Field::kPaddle};
+  std::vector<Rect> open = OpenCells(blocks, all);
+  std::vector<Rect> reached;
+  const auto reach = [&](const Rect& cell) {
+    return cell.bottom == all.bottom || std::ranges::any_of(reached, [&](const Rect& from) {
+             return cell.Touches(from) && (cell.top == from.top || cell.left == from.left);
+           });
+  };
+  for (auto next = std::ranges::find_if(open, reach); next != open.end();
+       next = std::ranges::find_if(open, reach)) {
+    reached.push_back(*next);
+    open.erase(next);
   }
   std::vector<std::size_t> out;
   for (std::size_t i = 0; i < blocks.size(); ++i) {
-    bool touched = blocks[i].type == desenho::kHard;
-    for (std::size_t j = 0; j < cells.size(); ++j) {
-      touched =
-          touched || (reached[j] && cells[j].left <= shadows[i].right && cells[j].right >= shadows[i].left &&
-                      cells[j].top <= shadows[i].bottom && cells[j].bottom >= shadows[i].top);
-    }
-    if (!touched) out.push_back(i);
+    const bool touched = std::ranges::any_of(
+        reached, [shadow = Shadow(blocks[i])](const Rect& cell) { return cell.Touches(shadow); });
+    if (blocks[i].type != desenho::kHard && !touched) out.push_back(i);
   }
   return out;
 }

@@ -93,8 +93,12 @@ const Hand = {
       const way = Math.hypot(touch.clientX - first.clientX, touch.clientY - first.clientY);
       const short = event.timeStamp - first.at < kShort && way < kOnePlace;
       if (short) Typing.focus();
-      if (short && !Module.fingersDraw) tip(2);
-      if (short || Module.fingersDraw) tip(7);
+      if (Module.fingersDraw) {
+        tip(7);
+      } else if (short) {
+        tip(2);
+        tip(7);
+      }
       first = null;
     });
     listen('touchcancel', () => {
