@@ -142,6 +142,7 @@ class FrmOficina : public korvane::game {
   void MarcaTipo();
   void Avisa(const std::string& aviso);
   void Sob(const std::string& palavras);
+  void SobPonto(desenho::Ponto ponto);
   void SobFaixa(const std::string& palavras);
   void Escreve();
   void Confere();

@@ -136,6 +136,11 @@ void FrmOficina::Sob(const std::string& palavras) {
   Escreve();
 }
 
+void FrmOficina::SobPonto(desenho::Ponto ponto) {
+  const auto bloco = desenho::BlocoEm(Agora(), ponto);
+  Sob(bloco ? PalavrasDoBloco(*bloco) : "");
+}
+
 /// The pointer has left the field.
 void FrmOficina::SobFaixa(const std::string& palavras) {
   Sombra.Visible = false;

@@ -69,8 +69,7 @@ void FrmOficina::Form_MouseMove(Integer Button, Integer Shift, Single X, Single 
     return Termina();
   }
   MostraSombra(ponto, Shift);
-  const auto bloco = desenho::BlocoEm(Agora(), ponto);
-  Sob(bloco ? PalavrasDoBloco(*bloco) : "");
+  SobPonto(ponto);
 }
 
 void FrmOficina::Form_MouseUp(Integer, Integer Shift, Single X, Single Y) {
@@ -149,7 +148,8 @@ void FrmOficina::Continua(Ponto ponto, int shift) {
     case Gesto::kApaga:
       return ApagaAte(ponto);
     default:
-      return Arrasta(ponto, shift);
+      Arrasta(ponto, shift);
+      return SobPonto(ponto);  // where it is by now
   }
 }
 

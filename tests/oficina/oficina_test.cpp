@@ -90,6 +90,8 @@ TEST_F(Workshop, GivesUpAGestureForAnotherButtonOrEsc) {
   for (const char* const desiste : {"press right\n", "key 27\n"}) {
     Depois("move " + Meio(um) + "\npress\nmove " + Meio(Tijolo(6, 6)) + "\nbeats 1\n");
     EXPECT_EQ(bancada.Blocks(), std::vector(1, Tijolo(6, 6)));
+    EXPECT_EQ(bancada.Words().find("Tipo 1 "), 0U) << "and where it is by now";
+    EXPECT_NE(bancada.Words().find(" em " + std::to_string(Tijolo(6, 6).left) + ','), std::string::npos);
     EXPECT_EQ(Depois(desiste + std::string("move " + Meio(Tijolo(8, 2)) + "\nrelease\n")),
               std::vector(1, um));
   }
