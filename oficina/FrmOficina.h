@@ -141,8 +141,7 @@ class FrmOficina : public korvane::game {
   void EscolheTipo(int tipo);
   void MarcaTipo();
   void Avisa(const std::string& aviso);
-  void Sob(const std::string& palavras);
-  void SobPonto(desenho::Ponto ponto);
+  std::string PalavrasSobPonteiro() const;
   void SobFaixa(const std::string& palavras);
   void Escreve();
   void Confere();
@@ -183,7 +182,8 @@ class FrmOficina : public korvane::game {
   std::filesystem::path arquivo_;
   std::string nome_;
   std::string aviso_;
-  std::string sob_;
+  std::optional<desenho::Ponto> ponto_;  // where the pointer is, while it is over the field
+  std::string sob_faixa_;                // what it is over, while it is over the band
   std::string veredito_;
   bool robo_joga_ = false;
   bool por_responder_ = false;  // nobody has said what becomes of the drawing of an earlier run

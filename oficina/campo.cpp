@@ -13,6 +13,7 @@ constexpr Double kLarguraDoDesenho = 12000;
 }  // namespace
 
 void FrmOficina::Muda(desenho::Desenho novo, int gesto) {
+  if (novo == Agora()) return;
   historia_.Muda(std::move(novo), gesto);
   MostraTudo();
 }
@@ -28,6 +29,7 @@ void FrmOficina::MostraTudo() {
   MostraRegra();
   MostraTitulo();
   MostraInalcancaveis({});
+  Escreve();
   TimerConfere.Enabled = false;  // what is checked is what the hand has left alone for a moment
   TimerConfere.Enabled = true;
   TimerRobo.Enabled = false;

@@ -131,26 +131,26 @@ void FrmOficina::Avisa(const std::string& aviso) {
   Escreve();
 }
 
-void FrmOficina::Sob(const std::string& palavras) {
-  sob_ = palavras;
-  Escreve();
-}
-
-void FrmOficina::SobPonto(desenho::Ponto ponto) {
-  const auto bloco = desenho::BlocoEm(Agora(), ponto);
-  Sob(bloco ? PalavrasDoBloco(*bloco) : "");
-}
-
 /// The pointer has left the field.
 void FrmOficina::SobFaixa(const std::string& palavras) {
   Sombra.Visible = false;
-  Sob(palavras);
+  ponto_.reset();
+  sob_faixa_ = palavras;
+  Escreve();
 }
 
 /// What has just happened goes before what is under the pointer, and that before what is wrong.
 void FrmOficina::Escreve() {
-  const std::string& palavras = !aviso_.empty() ? aviso_ : !sob_.empty() ? sob_ : veredito_;
-  if (Palavras.Caption.Get() != palavras) Palavras.Caption = palavras;
+  std::string palavras = aviso_;
+  if (palavras.empty()) palavras = PalavrasSobPonteiro();
+  if (palavras.empty()) palavras = veredito_;
+  Palavras.Caption = palavras;
+}
+
+std::string FrmOficina::PalavrasSobPonteiro() const {
+  if (!ponto_) return sob_faixa_;
+  const auto bloco = desenho::BlocoEm(Agora(), *ponto_);
+  return bloco ? PalavrasDoBloco(*bloco) : "";
 }
 
 std::string FrmOficina::PalavrasDoBloco(std::size_t bloco) const {

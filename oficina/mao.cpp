@@ -41,6 +41,7 @@ std::optional<desenho::Alca> FrmOficina::AlcaEm(Single X, Single Y) const {
 bool FrmOficina::Form_MouseDown(Integer Button, Integer Shift, Single X, Single Y) {
   aviso_.clear();
   const Ponto ponto = NoDesenho(X, Y);
+  ponto_ = ponto;
   if (mao_.gesto != Gesto::kNada) {
     Desiste();
   } else if (Button == stage::kLeftButton) {
@@ -59,6 +60,7 @@ bool FrmOficina::Form_MouseDown(Integer Button, Integer Shift, Single X, Single 
 
 void FrmOficina::Form_MouseMove(Integer Button, Integer Shift, Single X, Single Y) {
   const Ponto ponto = NoDesenho(X, Y);
+  ponto_ = ponto;
   if (mao_.gesto != Gesto::kNada) {
     if (Button != 0) {
       mao_.ate = ponto;
@@ -69,12 +71,13 @@ void FrmOficina::Form_MouseMove(Integer Button, Integer Shift, Single X, Single 
     return Termina();
   }
   MostraSombra(ponto, Shift);
-  SobPonto(ponto);
+  Escreve();
 }
 
 void FrmOficina::Form_MouseUp(Integer, Integer Shift, Single X, Single Y) {
   if (mao_.gesto == Gesto::kNada) return;
-  Continua(NoDesenho(X, Y), Shift);
+  ponto_ = NoDesenho(X, Y);
+  Continua(*ponto_, Shift);
   Termina();
 }
 
@@ -148,8 +151,7 @@ void FrmOficina::Continua(Ponto ponto, int shift) {
     case Gesto::kApaga:
       return ApagaAte(ponto);
     default:
-      Arrasta(ponto, shift);
-      return SobPonto(ponto);  // where it is by now
+      return Arrasta(ponto, shift);
   }
 }
 
@@ -198,6 +200,7 @@ void FrmOficina::Desiste() {
 
 void FrmOficina::Termina() {
   TimerMao.Enabled = false;
+  if (mao_.gesto == Gesto::kPinta) SobFaixa("");  // what has just been painted needs no words
   mao_ = {};
   MostraEscolha();
   for (Marca& lado : Elastico) lado.Visible = false;

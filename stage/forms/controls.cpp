@@ -189,11 +189,11 @@ TextLine Label::LineThatFits(const Viewport& viewport) const {
   const int room = Control::Pixels(viewport).Width();
   TextLine line{style_.font, style_.align};
   line.font.points = Single(FontSize);
-  if (style_.fit_to_text) return line;
+  // What is written is kept; to measure it again would cost as much as to write it.
+  if (style_.fit_to_text || Made().Of(line.font, scale, Caption)->size.width <= room) return line;
   Font smaller = line.font;
   while (smaller.points > 1 && Made().TextWidth(smaller, scale, Caption.Get()) > room)
     smaller.points *= kSmaller;
-  if (smaller.points == line.font.points) return line;
   line.drop = Made().Ascent(line.font, scale) - Made().Ascent(smaller, scale);
   line.font = smaller;
   return line;

@@ -78,6 +78,7 @@ TEST_F(Workshop, MovesResizesAndRemoves) {
             std::vector(1, Block{um.top, um.left, 250, 725, 1}));
   EXPECT_EQ(Depois("move " + Meio(um) + "\npress right\nrelease\n"), std::vector<Block>());
   EXPECT_EQ(Depois(kCtrlZ + Arrasta(um, um) + "key 46\n"), std::vector<Block>());
+  EXPECT_EQ(bancada.Words().find("Tipo"), std::string::npos) << "of a block that is gone";
   // A quick hand is told of in jumps.
   Depois(Arrasta(um, Tijolo(9, 1)));
   EXPECT_EQ(Depois("drag " + Meio(Tijolo(3, 1)) + ' ' + Meio(Tijolo(8, 1)) + " right\n"),
